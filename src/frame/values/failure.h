@@ -1,0 +1,31 @@
+// The failure policies, as shapes that a member's body shows first. The unguarded policy has no
+// shape; the message to the user is `messageBox` (frame/host/message_box.h) and a neutral value.
+#pragma once
+
+#include <utility>
+
+namespace vorla {
+
+/// End on error: the work's result, or `neutral` when anything in it fails.
+template <class Result, class Work>
+Result endOnError(Result neutral, Work&& work) noexcept {
+    try {
+        return std::forward<Work>(work)();
+    } catch (...) {
+        return neutral;
+    }
+}
+
+/// Continue on error: runs one statement and skips the rest of it when it fails.
+/// Returns whether it ran to its end.
+template <class Statement>
+bool step(Statement&& statement) noexcept {
+    try {
+        std::forward<Statement>(statement)();
+        return true;
+    } catch (...) {
+        return false;
+    }
+}
+
+}  // namespace vorla

@@ -1,0 +1,20 @@
+// Text as the library's rules see it: UTF-16 on Windows, whatever wchar_t holds elsewhere.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace vorla {
+
+using Text = std::wstring;
+using TextView = std::wstring_view;
+
+/// The text without its leading and trailing spaces. Only the space goes; tabs and no-break spaces stay.
+constexpr TextView trimmed(TextView text) {
+    const auto first = text.find_first_not_of(L' ');
+    if (first == TextView::npos) return {};
+    return text.substr(first, text.find_last_not_of(L' ') - first + 1);
+}
+
+}  // namespace vorla

@@ -1,0 +1,35 @@
+// Finds every occurrence of a text, overlapping ones too, in one pass and in time proportional to the
+// text that is read, however the sought text repeats itself.
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "frame/values/text.h"
+
+namespace vorla {
+
+class Matcher {
+public:
+    /// `sought` is not empty and outlives the matcher.
+    explicit Matcher(TextView sought);
+
+    /// How many characters of the sought text are matched after reading one more.
+    std::size_t read(std::size_t matched, wchar_t character) const {
+        while (matched == sought_.size() || sought_[matched] != character) {
+            if (matched == 0) return 0;
+            matched = borders_[matched - 1];
+        }
+        return matched + 1;
+    }
+
+    bool isWhole(std::size_t matched) const { return matched == sought_.size(); }
+    std::size_t length() const { return sought_.size(); }
+
+private:
+    TextView sought_;
+    // For each prefix, the length of the longest shorter prefix that it ends with.
+    std::vector<std::size_t> borders_;
+};
+
+}  // namespace vorla
