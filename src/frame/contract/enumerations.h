@@ -8,7 +8,9 @@ namespace vorla {
 
 #define ENUMERATION(name, number) enum class name : std::int32_t {
 #define VALUE(name, value) name = value,
-#define END_ENUMERATION(name) };
+#define END_ENUMERATION(name) \
+    }                         \
+    ;
 #include "frame/contract/enumerations.def"
 
 }  // namespace vorla

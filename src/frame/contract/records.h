@@ -21,7 +21,9 @@ using RecordObject = IDispatch*;
 #define RECORD(name, number) struct name {
 #define FIELD(type, name) type name;
 #define ARRAY_FIELD(type, name, count) type name[count];
-#define END_RECORD(name) };
+#define END_RECORD(name) \
+    }                    \
+    ;
 #include "frame/contract/records.def"
 
 }  // namespace vorla::records

@@ -19,6 +19,7 @@ enum class ErrorNumber : std::uint16_t {
     objectNotSet = 91,
     invalidUseOfNull = 94,
     propertyOrMethodNotSupported = 438,
+    automationError = 440,
     invalidPicture = 481,
 };
 

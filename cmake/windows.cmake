@@ -1,0 +1,72 @@
+# The component, the program that writes its type library, and the tests that drive it under Wine.
+enable_language(RC)
+
+add_compile_definitions(UNICODE _UNICODE NOMINMAX WINVER=0x0501 _WIN32_WINNT=0x0501)
+add_compile_options(-ffunction-sections -fdata-sections)
+add_link_options(-static -Wl,--gc-sections)
+
+add_library(vorla_frame OBJECT
+    src/frame/com/class_factory.cpp
+    src/frame/com/dispatch.cpp
+    src/frame/com/error_texts.cpp
+    src/frame/com/instance.cpp
+    src/frame/com/module.cpp
+    src/frame/com/publication.cpp
+    src/frame/com/registration.cpp
+    src/frame/host/message_box.cpp
+    src/frame/values/conversions.cpp
+    src/frame/values/variant.cpp)
+target_link_libraries(vorla_frame PUBLIC vorla_rules ole32 oleaut32 uuid)
+
+add_library(vorla_classes OBJECT
+    src/frame/contract/catalogue.cpp
+    src/frame/contract/eEnum.publication.cpp
+    src/graphics/PaintEffects.publication.cpp
+    src/graphics/VorlaGraphique.publication.cpp
+    src/language/VorlaLangue.publication.cpp
+    src/media/VorlaMultiMedia.publication.cpp
+    src/misc/VorlaDivers.publication.cpp
+    src/system/VorlaFichier.publication.cpp
+    src/system/VorlaRegistre.publication.cpp
+    src/system/VorlaSystem.publication.cpp
+    src/text/VorlaChaine.cpp
+    src/text/VorlaChaine.publication.cpp
+    src/text/VorlaDate.publication.cpp
+    src/text/VorlaNumerique.publication.cpp)
+target_link_libraries(vorla_classes PUBLIC vorla_frame)
+
+# The type library is written by a program of the same build, from the same tables as the component.
+add_library(type_library_writer OBJECT 
+    tools/typelib/contract_types.cpp
+    tools/typelib/type_library_file.cpp
+    tools/typelib/type_library_writer.cpp)
+target_include_directories(type_library_writer PUBLIC tools)
+target_link_libraries(type_library_writer PUBLIC vorla_frame)
+
+function(vorla_link target)
+    # Object libraries hand on their usage, not their objects.
+    target_link_libraries(${target} PRIVATE ${ARGN})
+    foreach(library IN LISTS ARGN)
+        target_sources(${target} PRIVATE $<TARGET_OBJECTS:${library}>)
+    endforeach()
+endfunction()
+
+add_executable(write_type_library tools/typelib/main.cpp)
+target_link_options(write_type_library PRIVATE -municode)
+vorla_link(write_type_library vorla_rules vorla_frame vorla_classes type_library_writer)
+
+set(type_library ${CMAKE_BINARY_DIR}/Vorla6.tlb)
+add_custom_command(
+    OUTPUT ${type_library}
+    COMMAND ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:write_type_library> Vorla6.tlb
+    WORKING_DIRECTORY ${CMAKE_BINARY_DIR}
+    DEPENDS write_type_library
+    COMMENT "Writing Vorla6.tlb")
+
+add_library(Vorla6 SHARED src/frame/com/exports.cpp src/vorla6.def src/vorla6.rc)
+set_source_files_properties(src/vorla6.rc PROPERTIES OBJECT_DEPENDS ${type_library})
+target_include_directories(Vorla6 PRIVATE ${CMAKE_BINARY_DIR})
+vorla_link(Vorla6 vorla_rules vorla_frame vorla_classes)
+set_target_properties(Vorla6 PROPERTIES PREFIX "" RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+target_link_options(Vorla6 PRIVATE
+    -s -Wl,--enable-stdcall-fixup,--no-insert-timestamp,--disable-auto-image-base)

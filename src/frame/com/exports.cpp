@@ -1,0 +1,31 @@
+// The four entry points of the component.
+#include <windows.h>
+
+#include <new>
+
+#include "frame/com/class_factory.h"
+#include "frame/com/module.h"
+#include "frame/com/registration.h"
+#include "frame/contract/catalogue.h"
+
+using namespace vorla;
+
+extern "C" HRESULT STDAPICALLTYPE DllGetClassObject(REFCLSID classId, REFIID id, void** factory) {
+    if (!factory) return E_POINTER;
+    *factory = nullptr;
+    for (const Publication* publication : catalogue())
+        if (publication->classId() == classId) return makeClassFactory(*publication, id, factory);
+    return CLASS_E_CLASSNOTAVAILABLE;
+}
+
+extern "C" HRESULT STDAPICALLTYPE DllCanUnloadNow() { return module::canUnload() ? S_OK : S_FALSE; }
+
+extern "C" HRESULT STDAPICALLTYPE DllRegisterServer() {
+    try {
+        return registration::add(vorla6, catalogue(), module::path());
+    } catch (const std::bad_alloc&) {
+        return E_OUTOFMEMORY;
+    }
+}
+
+extern "C" HRESULT STDAPICALLTYPE DllUnregisterServer() { return registration::remove(vorla6, catalogue()); }

@@ -1,0 +1,142 @@
+#include "frame/com/instance.h"
+
+#include <new>
+
+#include "frame/com/dispatch.h"
+#include "frame/com/error_texts.h"
+#include "frame/com/module.h"
+#include "frame/values/runtime_error.h"
+#include "frame/values/unique_handle.h"
+
+namespace vorla {
+namespace {
+
+// A failure that has nothing to add to its code must not be read with an older failure's description.
+HRESULT withoutDescription(HRESULT failure) noexcept {
+    SetErrorInfo(0, nullptr);
+    return failure;
+}
+
+HRESULT describe(const Publication& publication, ErrorNumber number) noexcept {
+    const auto failure = static_cast<HRESULT>(0x800A0000u | static_cast<std::uint16_t>(number));
+    ComPointer<ICreateErrorInfo> made;
+    if (FAILED(CreateErrorInfo(made.put()))) return withoutDescription(failure);
+    try {
+        auto source = Text(publication.library.name) + L"." + publication.name;
+        Text text = errorText(number);
+        made->SetGUID(publication.interfaceId());
+        made->SetSource(source.data());
+        made->SetDescription(text.data());
+    } catch (const std::bad_alloc&) {
+        return withoutDescription(failure);
+    }
+    ComPointer<IErrorInfo> information;
+    if (FAILED(made->QueryInterface(IID_IErrorInfo, reinterpret_cast<void**>(information.put()))))
+        return withoutDescription(failure);
+    SetErrorInfo(0, information.get());
+    return failure;
+}
+
+}  // namespace
+
+Instance::Instance(const Publication& publication) noexcept
+    : vtable_(publication.vtable), publication_(publication), errorSupport_(this), classDescription_(this) {
+    module::addReference();
+}
+
+Instance::~Instance() { module::release(); }
+
+HRESULT Instance::reportNullPointer() noexcept { return withoutDescription(E_POINTER); }
+
+HRESULT Instance::reportFailure() noexcept {
+    try {
+        throw;
+    } catch (const RuntimeError& error) {
+        return describe(publication_, error.number());
+    } catch (const std::bad_alloc&) {
+        return withoutDescription(E_OUTOFMEMORY);
+    } catch (...) {
+        return withoutDescription(E_UNEXPECTED);
+    }
+}
+
+HRESULT STDMETHODCALLTYPE Instance::queryInterface(Instance* self, REFIID id, void** object) noexcept {
+    if (!object) return E_POINTER;
+    if (id == IID_IUnknown || id == IID_IDispatch || id == self->publication_.interfaceId())
+        *object = self;
+    else if (id == IID_ISupportErrorInfo)
+        *object = static_cast<ISupportErrorInfo*>(&self->errorSupport_);
+    else if (id == IID_IProvideClassInfo)
+        *object = static_cast<IProvideClassInfo*>(&self->classDescription_);
+    else {
+        *object = nullptr;
+        return E_NOINTERFACE;
+    }
+    addReference(self);
+    return S_OK;
+}
+
+ULONG STDMETHODCALLTYPE Instance::addReference(Instance* self) noexcept { return ++self->references_; }
+
+ULONG STDMETHODCALLTYPE Instance::release(Instance* self) noexcept {
+    const ULONG left = --self->references_;
+    if (left == 0) self->publication_.destroy(self);
+    return left;
+}
+
+HRESULT STDMETHODCALLTYPE Instance::getTypeInfoCount(Instance*, UINT* count) noexcept {
+    if (!count) return E_POINTER;
+    *count = 1;
+    return S_OK;
+}
+
+HRESULT STDMETHODCALLTYPE Instance::getTypeInfo(Instance* self, UINT index, LCID,
+                                                ITypeInfo** description) noexcept {
+    if (!description) return E_POINTER;
+    *description = nullptr;
+    if (index != 0) return DISP_E_BADINDEX;
+    return self->publication_.library.describe(self->publication_.interfaceId(), description);
+}
+
+HRESULT STDMETHODCALLTYPE Instance::getIdsOfNames(Instance* self, REFIID reserved, LPOLESTR* names,
+                                                  UINT count, LCID, DISPID* ids) noexcept {
+    if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
+    if (!names || !ids) return E_POINTER;
+    return dispatch::findNames(self->publication_, {names, count}, {ids, count});
+}
+
+HRESULT STDMETHODCALLTYPE Instance::invoke(Instance* self, DISPID id, REFIID reserved, LCID locale,
+                                           WORD flags, DISPPARAMS* arguments, VARIANT* result,
+                                           EXCEPINFO* exception, UINT* badArgument) noexcept {
+    // The result is stored last: a host may use one variable as argument and result.
+    VARIANT outcome;
+    VariantInit(&outcome);
+    const auto answer = [&]() -> HRESULT {
+        if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
+        if (!arguments) return E_POINTER;
+        const Publication& publication = self->publication_;
+        const Member* const member = publication.find(id, flags);
+        if (!member) return DISP_E_MEMBERNOTFOUND;
+        return dispatch::Call(self, publication, *member, *arguments, locale)
+            .run(outcome, exception, badArgument);
+    }();
+    if (result)
+        *result = outcome;
+    else
+        VariantClear(&outcome);
+    return answer;
+}
+
+HRESULT STDMETHODCALLTYPE Instance::reserved(Instance*) noexcept { return withoutDescription(E_NOTIMPL); }
+
+HRESULT STDMETHODCALLTYPE Instance::ErrorSupport::InterfaceSupportsErrorInfo(REFIID id) noexcept {
+    return id == IID_IDispatch || id == owner_->publication_.interfaceId() ? S_OK : S_FALSE;
+}
+
+HRESULT STDMETHODCALLTYPE Instance::ClassDescription::GetClassInfo(ITypeInfo** description) noexcept {
+    if (!description) return E_POINTER;
+    *description = nullptr;
+    return owner_->publication_.library.describe(owner_->publication_.classId(), description);
+}
+
+}  // namespace vorla

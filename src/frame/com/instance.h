@@ -1,0 +1,102 @@
+// An automation object: the C++ object of a published class behind its dual interface.
+#pragma once
+
+#include <ocidl.h>
+#include <windows.h>
+
+#include <atomic>
+#include <utility>
+
+#include "frame/com/publication.h"
+
+namespace vorla {
+
+/// The dual interface's own layout: the vtable pointer comes first, and its first seven slots are the
+/// static functions below. Answers IUnknown, IDispatch, the dual interface, ISupportErrorInfo and
+/// IProvideClassInfo. An object counts toward the module for as long as it lives.
+class Instance {
+public:
+    Instance(const Instance&) = delete;
+    Instance& operator=(const Instance&) = delete;
+
+    const Publication& publication() const { return publication_; }
+
+    /// Runs a member's work; a failure becomes the code and the error information that the host reads.
+    template <class Work>
+    HRESULT run(Work&& work) noexcept {
+        try {
+            std::forward<Work>(work)();
+            return S_OK;
+        } catch (...) {
+            return reportFailure();
+        }
+    }
+
+    /// Answers a call that has nowhere to put its result or no variable to refer to.
+    static HRESULT reportNullPointer() noexcept;
+
+    static HRESULT STDMETHODCALLTYPE queryInterface(Instance*, REFIID, void**) noexcept;
+    static ULONG STDMETHODCALLTYPE addReference(Instance*) noexcept;
+    static ULONG STDMETHODCALLTYPE release(Instance*) noexcept;
+    static HRESULT STDMETHODCALLTYPE getTypeInfoCount(Instance*, UINT*) noexcept;
+    static HRESULT STDMETHODCALLTYPE getTypeInfo(Instance*, UINT, LCID, ITypeInfo**) noexcept;
+    static HRESULT STDMETHODCALLTYPE getIdsOfNames(Instance*, REFIID, LPOLESTR*, UINT, LCID,
+                                                   DISPID*) noexcept;
+    static HRESULT STDMETHODCALLTYPE invoke(Instance*, DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*,
+                                            EXCEPINFO*, UINT*) noexcept;
+
+    /// The slot of a private procedure.
+    static HRESULT STDMETHODCALLTYPE reserved(Instance*) noexcept;
+
+protected:
+    explicit Instance(const Publication& publication) noexcept;
+    ~Instance();
+
+private:
+    // The rest of what the exception in flight says to the host.
+    HRESULT reportFailure() noexcept;
+
+    // A second interface of the same object.
+    template <class Interface>
+    class Facet : public Interface {
+    public:
+        explicit Facet(Instance* owner) noexcept : owner_(owner) {}
+        HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) noexcept override {
+            return queryInterface(owner_, id, object);
+        }
+        ULONG STDMETHODCALLTYPE AddRef() noexcept override { return addReference(owner_); }
+        ULONG STDMETHODCALLTYPE Release() noexcept override { return release(owner_); }
+
+    protected:
+        Instance* const owner_;
+    };
+
+    struct ErrorSupport final : Facet<ISupportErrorInfo> {
+        using Facet::Facet;
+        HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID id) noexcept override;
+    };
+
+    struct ClassDescription final : Facet<IProvideClassInfo> {
+        using Facet::Facet;
+        HRESULT STDMETHODCALLTYPE GetClassInfo(ITypeInfo** description) noexcept override;
+    };
+
+    const void* const* const vtable_;
+    std::atomic<ULONG> references_{1};
+    const Publication& publication_;
+    ErrorSupport errorSupport_;
+    ClassDescription classDescription_;
+};
+
+template <class Class>
+class InstanceOf final : public Instance {
+public:
+    explicit InstanceOf(const Publication& publication) : Instance(publication) {}
+
+    Class object;
+
+    static Instance* create(const Publication& publication) { return new InstanceOf(publication); }
+    static void destroy(Instance* instance) { delete static_cast<InstanceOf*>(instance); }
+};
+
+}  // namespace vorla

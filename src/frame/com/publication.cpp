@@ -1,0 +1,43 @@
+#include "frame/com/publication.h"
+
+#include <algorithm>
+
+#include "frame/contract/identifiers.h"
+#include "frame/values/unique_handle.h"
+
+namespace vorla {
+
+CLSID Publication::classId() const {
+    return identifier(static_cast<std::uint16_t>(numbers::classes + number));
+}
+
+IID Publication::interfaceId() const {
+    return identifier(static_cast<std::uint16_t>(numbers::interfaces + number));
+}
+
+const Member* Publication::find(TextView sought) const {
+    if (byName.empty()) return nullptr;
+    const auto mask = byName.size() - 1;
+    for (auto place = nameHash(sought) & mask; byName[place] != 0; place = (place + 1) & mask) {
+        const Member& member = members[byName[place] - 1u];
+        if (sameName(member.name, sought)) return &member;
+    }
+    return nullptr;
+}
+
+const Member* Publication::find(DISPID id, WORD flags) const {
+    auto place =
+        std::lower_bound(byIdentifier.begin(), byIdentifier.end(), id,
+                         [this](std::uint8_t index, DISPID sought) { return members[index].id < sought; });
+    for (; place != byIdentifier.end() && members[*place].id == id; ++place)
+        if (members[*place].answers(flags)) return &members[*place];
+    return nullptr;
+}
+
+HRESULT Library::describe(REFGUID type, ITypeInfo** description) const {
+    ComPointer<ITypeLib> typeLibrary;
+    const auto loaded = load(typeLibrary.put());
+    return FAILED(loaded) ? loaded : typeLibrary->GetTypeInfoOfGuid(type, description);
+}
+
+}  // namespace vorla

@@ -1,0 +1,142 @@
+// What a published class looks like to dispatch, the vtable and the type library, once the compiler has
+// made it from the class's table (publish.h).
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <span>
+
+#include "frame/com/crossing.h"
+
+namespace vorla {
+
+class Instance;
+
+/// The value of an optional parameter that is left out.
+struct Default {
+    enum class Kind : std::uint8_t { none, number, text };
+
+    Kind kind = Kind::none;
+    std::int32_t number = 0;
+    const wchar_t* text = L"";
+};
+
+struct Parameter {
+    const wchar_t* name = nullptr;
+    TypeUse type;
+    bool optional = false;
+    Default whenMissing;
+};
+
+/// What a member is to dispatch. A reserved slot belongs to a private procedure: it takes an identifier
+/// and a place in the vtable, and no host can see it.
+enum class MemberKind : std::uint8_t {
+    method = INVOKE_FUNC,
+    get = INVOKE_PROPERTYGET,
+    let = INVOKE_PROPERTYPUT,
+    set = INVOKE_PROPERTYPUTREF,
+    reserved = 0,
+};
+
+/// Most parameters that one member has.
+constexpr std::size_t parameterLimit = 16;
+
+/// Calls a member's slot with arguments that already have the slot's types: each in the payload of its
+/// variant, a by-value variant as the variant itself. `result` is where the slot's result goes.
+using Invoker = HRESULT (*)(Instance*, VARIANT* arguments, void* result);
+
+struct Member {
+    const wchar_t* name = nullptr;
+    DISPID id = DISPID_UNKNOWN;
+    MemberKind kind = MemberKind::reserved;
+    std::uint16_t firstParameter = 0;
+    std::uint16_t parameterCount = 0;
+    TypeUse result;
+    Invoker invoke = nullptr;
+
+    bool answers(WORD flags) const { return (static_cast<WORD>(kind) & flags) != 0; }
+    constexpr bool stores() const { return kind == MemberKind::let || kind == MemberKind::set; }
+};
+
+enum class Instancing : std::uint8_t {
+    creatable,  // hosts create it by name
+    global      // the same, and an application object: its members can be called without an instance
+};
+
+struct Library;
+
+/// A class as the catalogue lists it.
+struct ClassEntry {
+    const wchar_t* name;
+    std::uint16_t number;  // its identifiers follow from it
+    Instancing instancing;
+    const Library& library;
+    const wchar_t* documentation;  // of the class and each of its members; null for none
+};
+
+/// The catalogue's entry of a class; each published class has one.
+template <class Class>
+extern const ClassEntry classEntry;
+
+/// Names a class where no object of it is wanted.
+template <class Class>
+struct Of {};
+
+/// One published class. Everything here lies in tables that the compiler made.
+struct Publication : ClassEntry {
+    std::span<const Member> members;  // in declaration order, which is the vtable's
+    std::span<const Parameter> parameters;
+    std::span<const std::uint8_t> byName;        // open addressing by folded name; 0 is free, else index + 1
+    std::span<const std::uint8_t> byIdentifier;  // indexes of members in the order of their identifiers
+    const void* const* vtable;
+    Instance* (*create)(const Publication&);
+    void (*destroy)(Instance*);
+
+    CLSID classId() const;
+    IID interfaceId() const;
+
+    std::span<const Parameter> parametersOf(const Member& member) const {
+        return parameters.subspan(member.firstParameter, member.parameterCount);
+    }
+
+    /// The first member of this name, in any case of its letters; null when there is none.
+    const Member* find(TextView name) const;
+
+    /// The member with this identifier that can be called so; null when there is none.
+    const Member* find(DISPID id, WORD flags) const;
+};
+
+/// The type library that describes a set of classes, and where a running object finds it.
+struct Library {
+    const wchar_t* name;
+    GUID id;
+    WORD majorVersion;
+    WORD minorVersion;
+    HRESULT (*load)(ITypeLib**);
+
+    /// The description of one of the library's types.
+    HRESULT describe(REFGUID type, ITypeInfo** description) const;
+};
+
+/// A letter without its case, over the characters that published names are made of.
+constexpr wchar_t folded(wchar_t character) {
+    const bool upper = (character >= L'A' && character <= L'Z') ||
+                       (character >= 0xC0 && character <= 0xDE && character != 0xD7);
+    return upper ? static_cast<wchar_t>(character + 0x20) : character;
+}
+
+constexpr bool sameName(TextView one, TextView other) {
+    if (one.size() != other.size()) return false;
+    for (std::size_t i = 0; i < one.size(); ++i)
+        if (folded(one[i]) != folded(other[i])) return false;
+    return true;
+}
+
+constexpr std::uint32_t nameHash(TextView name) {
+    std::uint32_t hash = 2166136261u;
+    for (const wchar_t character : name) hash = (hash ^ folded(character)) * 16777619u;
+    return hash ^ (hash >> 15);
+}
+
+}  // namespace vorla

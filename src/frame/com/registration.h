@@ -1,0 +1,20 @@
+// What the component writes to the registry so that hosts find its classes by name, and its removal.
+#pragma once
+
+#include <windows.h>
+
+#include <span>
+
+#include "frame/com/publication.h"
+#include "frame/values/text.h"
+
+namespace vorla::registration {
+
+/// Registers the type library in the file `server`, with its interfaces, and every class. A failure
+/// leaves nothing registered.
+HRESULT add(const Library& library, std::span<const Publication* const> classes, const Text& server) noexcept;
+
+/// Removes everything that `add` wrote; what is not there is no failure.
+HRESULT remove(const Library& library, std::span<const Publication* const> classes) noexcept;
+
+}  // namespace vorla::registration

@@ -1,0 +1,32 @@
+#include "frame/contract/catalogue.h"
+
+#include <new>
+
+#include "frame/com/module.h"
+#include "frame/contract/identifiers.h"
+
+namespace vorla {
+namespace {
+
+// The library of a running object is the one in the DLL that its code came from.
+HRESULT loadOwn(ITypeLib** library) {
+    try {
+        return LoadTypeLibEx(module::path().c_str(), REGKIND_NONE, library);
+    } catch (const std::bad_alloc&) {
+        return E_OUTOFMEMORY;
+    }
+}
+
+}  // namespace
+
+const Library vorla6{L"Vorla6", identifier(numbers::library), 6, 0, &loadOwn};
+
+std::span<const Publication* const> catalogue() {
+    static const Publication* const classes[] = {
+#define PUBLIC_CLASS(name, number, instancing, documentation) &publicationOf(Of<name>()),
+#include "frame/contract/classes.def"
+    };
+    return classes;
+}
+
+}  // namespace vorla

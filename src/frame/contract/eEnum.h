@@ -1,0 +1,9 @@
+// eEnum: carries the public enumerations and records.
+#pragma once
+
+namespace vorla {
+
+/// It has no members of its own.
+class eEnum {};
+
+}  // namespace vorla

@@ -1,0 +1,12 @@
+// The message that a few members show to the user instead of failing.
+#pragma once
+
+#include "frame/values/text.h"
+
+namespace vorla {
+
+/// A modal box with the text, the OK button and the host application's default title. Returns when the
+/// user has answered it.
+void messageBox(TextView text);
+
+}  // namespace vorla

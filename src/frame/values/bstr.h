@@ -1,0 +1,49 @@
+// Automation strings: views of them, and an owner that makes them in one allocation.
+#pragma once
+
+#include <windows.h>
+
+#include <new>
+#include <utility>
+
+#include "frame/values/joined.h"
+#include "frame/values/text.h"
+
+namespace vorla {
+
+/// The characters of a BSTR; an absent one is empty. A trailing odd byte is no character.
+inline TextView viewOf(BSTR text) { return {text, SysStringLen(text)}; }
+
+/// Owns one BSTR.
+class Bstr {
+public:
+    Bstr() = default;
+    explicit Bstr(BSTR owned) noexcept : text_(owned) {}
+    explicit Bstr(TextView text) : Bstr(allocate(text.data(), text.size())) {}
+    explicit Bstr(const Joined& joined) : Bstr(allocate(nullptr, joined.length())) { joined.copyTo(text_); }
+
+    Bstr(Bstr&& other) noexcept : text_(other.detach()) {}
+    Bstr& operator=(Bstr&& other) noexcept {
+        std::swap(text_, other.text_);
+        return *this;
+    }
+    ~Bstr() { SysFreeString(text_); }
+
+    TextView view() const { return viewOf(text_); }
+    BSTR get() const { return text_; }
+    BSTR detach() noexcept { return std::exchange(text_, nullptr); }
+
+    /// Where a function leaves the string that this object then owns. Only for an object that owns none.
+    BSTR* put() noexcept { return &text_; }
+
+private:
+    static BSTR allocate(const wchar_t* text, std::size_t length) {
+        const auto result = SysAllocStringLen(text, static_cast<UINT>(length));
+        if (!result) throw std::bad_alloc();
+        return result;
+    }
+
+    BSTR text_ = nullptr;
+};
+
+}  // namespace vorla

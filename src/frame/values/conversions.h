@@ -1,0 +1,63 @@
+// From one automation type to another, by the automation runtime's own rules, with failures as
+// run-time errors.
+#pragma once
+
+#include <windows.h>
+
+#include "frame/values/runtime_error.h"
+#include "frame/values/variant.h"
+
+namespace vorla {
+
+/// How many bytes a value of this type takes where a variant keeps it; 0 for a type that has none.
+std::size_t sizeOfValue(VARTYPE type) noexcept;
+
+/// The run-time number that a failure code stands for; 440, automation error, for one that has none.
+std::uint16_t errorNumberOf(HRESULT failure) noexcept;
+
+/// The automation runtime's conversion and copy. They leave their source alone, which their
+/// declarations do not say.
+inline HRESULT changeType(VARIANT& result, const VARIANT& source, LCID locale, USHORT flags, VARTYPE type) {
+    return VariantChangeTypeEx(&result, const_cast<VARIANT*>(&source), locale, flags, type);
+}
+inline HRESULT copyValue(VARIANT& result, const VARIANT& source) {
+    return VariantCopyInd(&result, const_cast<VARIANT*>(&source));
+}
+
+/// Throws the RuntimeError of a failure code, or std::bad_alloc.
+void check(HRESULT result);
+
+/// A value as text, for as long as the value and this object live: a string is viewed where it lies,
+/// anything else is written out once. Locale: the user's, for numbers, dates and booleans alike.
+/// Errors: 94 for Null, 13 for what has no text, 91 for Nothing, 438 for an object without a default
+/// property.
+class ValueText {
+public:
+    explicit ValueText(VariantView value);
+
+    TextView view() const { return view_; }
+
+private:
+    Bstr written_;
+    TextView view_;
+};
+
+/// A number of the types 16-bit and 32-bit integer, single, double or currency as text with a point as
+/// decimal separator, whatever the system uses; a date in the system's short form.
+Bstr numberToInvariantText(VariantView number);
+
+/// Whether the text is a number by the user's locale: its decimal and grouping signs, surrounding
+/// blanks, a currency sign, parentheses or a trailing minus for a negative one.
+bool isNumeric(TextView text);
+
+/// A numeric text rounded to a whole number, halves away from zero as formats round; "-" and digits.
+Bstr roundedNumber(TextView numeric);
+
+/// A numeric text in the general form of the user's locale.
+Bstr generalNumber(TextView numeric);
+
+/// Letters changed by the user's locale; everything else stays. The length stays too.
+Text upperCased(TextView text);
+Text lowerCased(TextView text);
+
+}  // namespace vorla

@@ -1,0 +1,32 @@
+#include "frame/values/variant.h"
+
+#include <cstring>
+
+#include "frame/values/conversions.h"
+
+namespace vorla {
+
+VariantView::VariantView(const VARIANT& value) noexcept : value_(value) {
+    if (value_.vt == (VT_BYREF | VT_VARIANT)) {
+        // A variable that a script passes; it refers to no further variant.
+        const VARIANT variable = *value_.pvarVal;
+        value_ = variable;
+    }
+    if (!(value_.vt & VT_BYREF) || value_.vt == (VT_BYREF | VT_RECORD)) return;
+    const auto type = static_cast<VARTYPE>(value_.vt & ~VT_BYREF);
+    const void* const where = value_.byref;
+    if (type == VT_DECIMAL) {
+        // A decimal fills the whole variant, its type included.
+        std::memcpy(&value_.decVal, where, sizeof(DECIMAL));
+    } else {
+        std::memcpy(&value_.byref, where, sizeOfValue(type));
+    }
+    value_.vt = type;
+}
+
+Variant::Variant(VariantView value) {
+    VariantInit(&value_);
+    check(copyValue(value_, value.raw()));
+}
+
+}  // namespace vorla

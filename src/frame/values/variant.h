@@ -1,0 +1,82 @@
+// Automation variants as C++ values: an owner, and a view of one that somebody else owns.
+#pragma once
+
+#include <windows.h>
+
+#include <concepts>
+#include <utility>
+
+#include "frame/values/bstr.h"
+#include "frame/values/scalars.h"
+
+namespace vorla {
+
+/// What a variant holds, read where it lies: never converted, never owned. A variant that refers to
+/// another or to a typed variable is followed to the value itself.
+class VariantView {
+public:
+    VariantView(const VARIANT& value) noexcept;
+
+    VARTYPE type() const { return value_.vt; }
+    bool isEmpty() const { return type() == VT_EMPTY; }
+    bool isNull() const { return type() == VT_NULL; }
+    bool isObject() const { return type() == VT_DISPATCH || type() == VT_UNKNOWN; }
+    bool isArray() const { return (type() & VT_ARRAY) != 0; }
+
+    /// Whether an optional argument was left out.
+    bool isMissing() const { return type() == VT_ERROR && value_.scode == DISP_E_PARAMNOTFOUND; }
+
+    const VARIANT& raw() const { return value_; }
+
+private:
+    VARIANT value_;
+};
+
+/// Owns one variant. Laid out as a VARIANT, so that a by-reference one is the caller's own.
+class Variant {
+public:
+    Variant() noexcept { VariantInit(&value_); }
+    explicit Variant(VariantView value);
+    // Exactly a bool: a pointer to characters would otherwise become True.
+    template <std::same_as<bool> Boolean>
+    Variant(Boolean value) noexcept : Variant(Type{VT_BOOL}) {
+        value_.boolVal = value ? VARIANT_TRUE : VARIANT_FALSE;
+    }
+    Variant(std::int16_t value) noexcept : Variant(Type{VT_I2}) { value_.iVal = value; }
+    Variant(std::int32_t value) noexcept : Variant(Type{VT_I4}) { value_.lVal = value; }
+    Variant(double value) noexcept : Variant(Type{VT_R8}) { value_.dblVal = value; }
+    Variant(Currency value) noexcept : Variant(Type{VT_CY}) { value_.cyVal.int64 = value.scaled; }
+    Variant(Date value) noexcept : Variant(Type{VT_DATE}) { value_.date = value.days; }
+    Variant(TextView text) : Variant(Type{VT_BSTR}) { value_.bstrVal = Bstr(text).detach(); }
+    Variant(const Variant& other) : Variant(VariantView(other.value_)) {}
+    Variant(Variant&& other) noexcept : value_(other.detach()) {}
+    Variant& operator=(Variant other) noexcept {
+        std::swap(value_, other.value_);
+        return *this;
+    }
+    ~Variant() { VariantClear(&value_); }
+
+    VariantView view() const { return value_; }
+    const VARIANT& raw() const { return value_; }
+    VARIANT detach() noexcept {
+        VARIANT empty;
+        VariantInit(&empty);
+        return std::exchange(value_, empty);
+    }
+
+    /// Where a function leaves the value that this object then owns. Only for an Empty one.
+    VARIANT* put() noexcept { return &value_; }
+
+private:
+    enum class Type : VARTYPE {};
+    explicit Variant(Type type) noexcept {
+        VariantInit(&value_);
+        value_.vt = static_cast<VARTYPE>(type);
+    }
+
+    VARIANT value_;
+};
+
+static_assert(sizeof(Variant) == sizeof(VARIANT));
+
+}  // namespace vorla

@@ -1,0 +1,10 @@
+#include "language/VorlaLangue.h"
+
+#include "frame/com/publish.h"
+#include "frame/contract/catalogue.h"
+
+namespace vorla {
+
+PUBLISH(VorlaLangue)
+
+}  // namespace vorla

@@ -1,0 +1,24 @@
+// Writes the type library that describes a set of published classes, with all public enumerations and
+// records, through the system's own type-library writer.
+#pragma once
+
+#include <windows.h>
+
+#include <span>
+#include <stdexcept>
+#include <string>
+
+#include "frame/com/publication.h"
+
+namespace vorla::typelib {
+
+class WriteError : public std::runtime_error {
+public:
+    using runtime_error::runtime_error;
+};
+
+/// Writes the file for programs of this program's own word size, reads it back, and compares what it
+/// says with the tables. Throws WriteError with what went wrong.
+void write(const Library& library, std::span<const Publication* const> classes, const std::wstring& file);
+
+}  // namespace vorla::typelib
