@@ -70,3 +70,15 @@ vorla_link(Vorla6 vorla_rules vorla_frame vorla_classes)
 set_target_properties(Vorla6 PROPERTIES PREFIX "" RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
 target_link_options(Vorla6 PRIVATE
     -s -Wl,--enable-stdcall-fixup,--no-insert-timestamp,--disable-auto-image-base)
+
+# GoogleTest's package holds its sources; the cross compilers need it built for them.
+set(googletest /usr/src/googletest/googletest)
+add_library(gtest STATIC EXCLUDE_FROM_ALL ${googletest}/src/gtest-all.cc)
+target_include_directories(gtest SYSTEM PUBLIC ${googletest}/include)
+target_include_directories(gtest PRIVATE ${googletest})
+target_compile_options(gtest PRIVATE -w)
+target_compile_definitions(gtest PUBLIC GTEST_HAS_PTHREAD=0 GTEST_HAS_NOTIFICATION_=1)
+target_compile_options(gtest PUBLIC -include ${PROJECT_SOURCE_DIR}/tests/support/gtest_notification.h)
+
+add_subdirectory(tests/support)
+add_subdirectory(tests/frame)

@@ -29,4 +29,8 @@ Variant::Variant(VariantView value) {
     check(copyValue(value_, value.raw()));
 }
 
+Variant::Variant(const Variant& other) : Variant() {
+    check(VariantCopy(&value_, const_cast<VARIANT*>(&other.value_)));
+}
+
 }  // namespace vorla

@@ -48,7 +48,7 @@ public:
     Variant(Currency value) noexcept : Variant(Type{VT_CY}) { value_.cyVal.int64 = value.scaled; }
     Variant(Date value) noexcept : Variant(Type{VT_DATE}) { value_.date = value.days; }
     Variant(TextView text) : Variant(Type{VT_BSTR}) { value_.bstrVal = Bstr(text).detach(); }
-    Variant(const Variant& other) : Variant(VariantView(other.value_)) {}
+    Variant(const Variant& other);  // a reference stays one
     Variant(Variant&& other) noexcept : value_(other.detach()) {}
     Variant& operator=(Variant other) noexcept {
         std::swap(value_, other.value_);

@@ -1,0 +1,74 @@
+// Calls of automation objects as a script host makes them, with outputs poisoned first so that "cleared"
+// and "left alone" differ.
+#pragma once
+
+#include <ocidl.h>
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+#include "frame/values/unique_handle.h"
+#include "frame/values/variant.h"
+
+namespace vorla::test {
+
+using Dispatch = ComPointer<IDispatch>;
+
+/// What one Invoke gave, every output of it.
+struct Outcome {
+    HRESULT code = E_FAIL;
+    Variant result;
+    UINT badArgument = 0xBAD;
+    HRESULT exceptionCode = 0;
+    std::wstring source;
+    std::wstring description;
+};
+
+/// Arguments in the order in which a host writes them, the named ones last.
+struct Arguments {
+    Arguments() = default;
+    Arguments(std::initializer_list<Variant> positional);
+
+    Arguments& named(DISPID id, Variant value);
+
+    DISPPARAMS parameters();
+
+    std::vector<VARIANT> reversed;  // as Invoke takes them
+    std::vector<DISPID> names;
+    std::vector<Variant> owned;
+};
+
+/// A variant that refers to a variable of the test.
+Variant byReference(VARTYPE type, void* variable);
+Variant byReference(Variant& variable);
+Variant nullValue();
+Variant missing();
+Variant nothing();
+Variant object(IDispatch* object);
+Variant text(std::wstring_view text);
+
+DISPID idOf(IDispatch* object, const wchar_t* name);
+
+Outcome invoke(IDispatch* object, DISPID id, WORD flags, DISPPARAMS& parameters,
+               LCID locale = LOCALE_USER_DEFAULT);
+Outcome invoke(IDispatch* object, const wchar_t* name, Arguments arguments = {},
+               WORD flags = DISPATCH_METHOD | DISPATCH_PROPERTYGET, LCID locale = LOCALE_USER_DEFAULT);
+
+/// Type and value, readable: BSTR "abc", I2 5, EMPTY.
+std::string describe(const VARIANT& value);
+std::string narrow(std::wstring_view text);
+
+/// Expects success and a result of this type and value.
+void expectResult(const Outcome& outcome, const Variant& expected, const std::string& what = {});
+
+/// Expects the exception of a run-time error.
+void expectError(const Outcome& outcome, int number, const std::string& what = {});
+
+/// Whether the user's settings are French; each suite runs under French and under English ones.
+bool isFrench();
+
+}  // namespace vorla::test
