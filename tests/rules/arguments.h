@@ -1,0 +1,52 @@
+// Arguments for the rules out of arbitrary bytes, so that chance and a fuzzer that follows the branches
+// choose them alike.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "frame/values/text.h"
+
+namespace vorla {
+
+class Arguments {
+public:
+    Arguments(const std::uint8_t* bytes, std::size_t count) : bytes_(bytes), count_(count) {}
+
+    /// The next byte; 0 when none is left.
+    std::uint8_t byte() {
+        if (count_ == 0) return 0;
+        --count_;
+        return *bytes_++;
+    }
+
+    bool flag() { return byte() % 2 != 0; }
+
+    /// Mostly from -4 to 19, where the rules have most to decide; now and then any 16-bit integer.
+    std::int16_t number() {
+        const int choice = byte();
+        if (choice < 0xF0) return static_cast<std::int16_t>(choice % 24 - 4);
+        const int high = byte();
+        return static_cast<std::int16_t>(high << 8 | byte());
+    }
+
+    /// Up to `longest` characters of `alphabet`, which is small so that they repeat and overlap.
+    Text text(TextView alphabet, std::size_t longest) {
+        Text result(byte() % (longest + 1), L'\0');
+        for (wchar_t& character : result) character = alphabet[byte() % alphabet.size()];
+        return result;
+    }
+
+    /// The same, now and then behind a run of `filler` that moves it to the end of the 16-bit positions.
+    Text farText(TextView alphabet, std::size_t longest, wchar_t filler) {
+        const std::size_t choice = byte();
+        const auto run = choice < 0xF8 ? 0 : 32744 + byte() % 32u;
+        return Text(run, filler) + text(alphabet, longest);
+    }
+
+private:
+    const std::uint8_t* bytes_;
+    std::size_t count_;
+};
+
+}  // namespace vorla

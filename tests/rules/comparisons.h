@@ -1,0 +1,121 @@
+// Each rule against its naive twin, for arguments made of arbitrary bytes.
+#pragma once
+
+#include <string>
+
+#include "arguments.h"
+#include "frame/declarations/fields.h"
+#include "naive.h"
+#include "outcome.h"
+#include "text/keys.h"
+#include "text/occurrences.h"
+#include "text/padding.h"
+#include "text/quoting.h"
+#include "text/replacement.h"
+
+namespace vorla {
+
+struct Comparison {
+    bool agrees;
+    // The error that the twin raised; 0 when it gave a value.
+    int error;
+    std::string report;
+};
+
+template <class Value>
+Comparison compared(const std::string& called, const Outcome<Value>& rule, const Outcome<Value>& twin) {
+    if (rule == twin) return {true, twin.error(), {}};
+    return {false, twin.error(), called + "\n  gives    " + rule.shown() + "\n  expected " + twin.shown()};
+}
+
+namespace compare {
+
+inline Comparison fields(Arguments& arguments) {
+    const Text text = arguments.farText(L"a;\t", 15, L'x');
+    // The twin searches a text once for each rank, which a long text and a high rank make endless.
+    const auto drawn = arguments.number();
+    const auto rank = text.size() > 15 ? static_cast<std::int16_t>(drawn % 20) : drawn;
+    const Text separator = arguments.text(L"a;", 3);
+    const bool fromEnd = arguments.flag();
+    return compared(call("ExtraitChamp", text, rank, separator, fromEnd),
+                    outcomeOf([&] { return ExtraitChamp(text, rank, separator, fromEnd); }),
+                    outcomeOf([&] { return naive::extraitChamp(text, rank, separator, fromEnd); }));
+}
+
+inline Comparison terminator(Arguments& arguments) {
+    const Text text = arguments.farText(TextView(L"a\0b", 3), 31, L'x');
+    return compared(call("TronqueNul", text), outcomeOf([&] { return TronqueNul(text); }),
+                    outcomeOf([&] { return naive::tronqueNul(text); }));
+}
+
+inline Comparison columns(Arguments& arguments) {
+    const Text text = arguments.farText(TextView(L"  ab\t\u00A0\0", 7), 15, L'x');
+    const std::int16_t width = arguments.number();
+    if (arguments.flag())
+        return compared(call("leftAligned", text, width), outcomeOf([&] { return leftAligned(text, width); }),
+                        outcomeOf([&] { return naive::cbr(text, width); }));
+    return compared(call("rightAligned", text, width), outcomeOf([&] { return rightAligned(text, width); }),
+                    outcomeOf([&] { return naive::cbl(text, width); }));
+}
+
+inline Comparison replacement(Arguments& arguments) {
+    const Text text = arguments.farText(L"aab", 23, L'x');
+    const Text sought = arguments.text(L"ab", 3);
+    const Text by = arguments.farText(L"ab", 3, L'y');
+    const std::int16_t start = arguments.number();
+    const std::int16_t limit = arguments.number();
+    return compared(call("replaced", text, sought, by, start, limit),
+                    outcomeOf([&] { return replaced(text, sought, by, start, limit); }),
+                    outcomeOf([&] { return naive::transfrm(text, sought, by, start, limit); }));
+}
+
+inline Comparison occurrences(Arguments& arguments) {
+    const Text text = arguments.farText(L"aab", 23, L'x');
+    const Text sought = arguments.text(L"aab", 5);
+    const std::int16_t start = arguments.number();
+    return compared(call("occurrences", text, sought, start),
+                    outcomeOf([&] { return vorla::occurrences(text, sought, start); }),
+                    outcomeOf([&] { return naive::occurrence(text, sought, start); }));
+}
+
+inline Comparison quoting(Arguments& arguments) {
+    const TextView alphabet(L"\"'/\\|a\0", 7);
+    const Text text = arguments.farText(alphabet, 15, L'x');
+    const std::int32_t kind = arguments.number();
+    const Text custom = arguments.text(alphabet, 3);
+    return compared(call("quoted", text, kind, custom),
+                    outcomeOf([&] { return quoted(text, static_cast<eParseSeparator>(kind), custom); }),
+                    outcomeOf([&] { return naive::parse(text, kind, custom); }));
+}
+
+inline Comparison keys(Arguments& arguments) {
+    if (arguments.flag()) {
+        const Text sign = arguments.flag() ? L"-" : L"";
+        const Text number = sign + L"1" + arguments.text(L"0123456789", 15);
+        const std::int16_t width = arguments.number();
+        return compared(call("zeroFilled", number, width),
+                        outcomeOf([&] { return zeroFilled(number, width); }),
+                        outcomeOf([&] { return naive::keyOfNumber(number, width); }));
+    }
+    const Text key = arguments.farText(TextView(L"  AB\t\u00C9\0", 7), 15, L'X');
+    const std::int16_t width = arguments.number();
+    return compared(call("storedKey", key, width), outcomeOf([&] { return storedKey(key, width); }),
+                    outcomeOf([&] { return naive::keyOfText(key, width); }));
+}
+
+// Two codes of one counter, since a call must leave nothing behind for the next.
+inline Comparison nextCode(Arguments& arguments) {
+    naive::Counter counter;
+    for (const bool last : {false, true}) {
+        const Text code = arguments.farText(L"ZZZZ0189AYa/:@[", 15, L'0');
+        const std::int16_t width = arguments.number();
+        const auto result =
+            compared(call("nextCode", code, width), outcomeOf([&] { return vorla::nextCode(code, width); }),
+                     outcomeOf([&] { return counter.numLet(code, width); }));
+        if (last || !result.agrees) return result;
+    }
+    return {};
+}
+
+}  // namespace compare
+}  // namespace vorla

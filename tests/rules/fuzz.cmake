@@ -1,0 +1,10 @@
+# The fuzz targets of the rules that read text. As tests they run briefly and always alike; with
+# VORLA_FUZZ_SECONDS in the environment each looks for that long, from another seed each time.
+
+foreach(rule fields terminator columns replacement occurrences quoting keys nextCode)
+    add_executable(fuzz_${rule} fuzz.cpp)
+    target_compile_definitions(fuzz_${rule} PRIVATE VORLA_RULE=${rule})
+    target_link_options(fuzz_${rule} PRIVATE -fsanitize=fuzzer)
+    target_link_libraries(fuzz_${rule} PRIVATE vorla_rules)
+    add_test(NAME fuzz.${rule} COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/fuzz.sh $<TARGET_FILE:fuzz_${rule}>)
+endforeach()

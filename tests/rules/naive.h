@@ -1,0 +1,196 @@
+// The rules once more, one step at a time: positions count from 1, each search begins afresh and tries
+// every place, each step copies whole texts. Slow and plain on purpose, and sharing nothing with the
+// rules but the numbers of the errors: what the rules do in one pass is held against this.
+#pragma once
+
+#include <string>
+
+#include "frame/values/runtime_error.h"
+
+namespace vorla::naive {
+
+using String = std::wstring;
+
+[[noreturn]] inline void invalidCall() { throw RuntimeError(ErrorNumber::invalidProcedureCall); }
+
+// A position or count that is put into a 16-bit variable.
+inline long kept(long value) {
+    if (value > 32767) throw RuntimeError(ErrorNumber::overflow);
+    return value;
+}
+
+inline long length(const String& text) { return static_cast<long>(text.size()); }
+
+inline String repeated(long count, wchar_t character) {
+    if (count < 0) invalidCall();
+    return String(static_cast<std::size_t>(count), character);
+}
+
+inline String middle(const String& text, long begin, long count) {
+    if (begin < 1 || count < 0) invalidCall();
+    if (begin > length(text)) return {};
+    return text.substr(static_cast<std::size_t>(begin - 1), static_cast<std::size_t>(count));
+}
+
+inline String from(const String& text, long begin) { return middle(text, begin, length(text)); }
+inline String left(const String& text, long count) { return middle(text, 1, count); }
+
+inline String right(const String& text, long count) {
+    if (count < 0) invalidCall();
+    return count >= length(text) ? text : from(text, length(text) - count + 1);
+}
+
+inline bool standsAt(const String& text, const String& sought, long position) {
+    return text.compare(static_cast<std::size_t>(position - 1), sought.size(), sought) == 0;
+}
+
+// The first place at or after `begin`; 0 when there is none.
+inline long firstPlace(const String& text, const String& sought, long begin) {
+    for (long position = begin; position + length(sought) - 1 <= length(text); ++position)
+        if (standsAt(text, sought, position)) return position;
+    return 0;
+}
+
+// The last place that lies within the first `end` characters; 0 when there is none.
+inline long lastPlace(const String& text, const String& sought, long end) {
+    long last = 0;
+    for (long position = 1; position + length(sought) - 1 <= end; ++position)
+        if (standsAt(text, sought, position)) last = position;
+    return last;
+}
+
+inline String trim(String text) {
+    while (!text.empty() && left(text, 1) == L" ") text = from(text, 2);
+    while (!text.empty() && right(text, 1) == L" ") text = left(text, length(text) - 1);
+    return text;
+}
+
+inline String extraitChamp(const String& chaine, long rang, String separateur, bool depuisLaFin) {
+    if (separateur.empty()) separateur = L"\t";
+    if (rang < 1) rang = 1;
+    if (firstPlace(chaine, separateur, 1) == 0) return rang == 1 ? chaine : String();
+
+    String framed = chaine;
+    if (left(chaine, 1) != separateur) framed = separateur + framed;
+    if (right(chaine, 1) != separateur) framed = framed + separateur;
+
+    long p = 0;
+    if (depuisLaFin) {
+        p = kept(length(framed));
+        for (long i = 1; i <= rang; ++i) {
+            p = lastPlace(framed, separateur, p - 1);
+            if (p == 1 && i < rang) return {};
+        }
+    } else {
+        for (long i = 1; i <= rang; ++i) p = kept(firstPlace(framed, separateur, p + 1));
+    }
+
+    const long q = kept(firstPlace(framed, separateur, p + 1));
+    if (q < p + 2) return {};
+    return middle(framed, p + length(separateur), q - p - length(separateur));
+}
+
+inline String tronqueNul(const String& texte) {
+    const long p = firstPlace(texte, String(1, L'\0'), 1);
+    return p == 0 ? texte : left(texte, p - 1);
+}
+
+inline String cbr(const String& chaine, long longueur) {
+    return left(trim(chaine) + repeated(longueur, L' '), longueur);
+}
+
+inline String cbl(const String& chaine, long longueur) {
+    return right(repeated(longueur, L' ') + trim(chaine), longueur);
+}
+
+inline String transfrm(const String& chaine, const String& car1, const String& car2, long debut,
+                       long nombre) {
+    if (nombre < 1) nombre = kept(length(chaine));
+    if (debut < 1) debut = 1;
+    String result = chaine;
+    if (car1.empty()) return result;
+
+    long count = 0;
+    long p = kept(firstPlace(result, car1, debut));
+    while (p != 0) {
+        result = left(result, p - 1) + car2 + from(result, p + length(car1));
+        count = kept(count + 1);
+        if (count == nombre) return result;
+        if (!car2.empty()) debut = kept(p + length(car2) + 1);
+        p = kept(firstPlace(result, car1, debut));
+    }
+    return result;
+}
+
+inline float occurrence(const String& chaine, const String& cherche, long start) {
+    float count = 0;
+    if (chaine.empty() || cherche.empty()) return count;
+    long p = start - 1 > 0 ? start - 1 : 0;
+    for (;;) {
+        p = kept(firstPlace(chaine, cherche, p + 1));
+        if (p == 0) return count;
+        count += 1;
+    }
+}
+
+inline String parse(const String& text, long kind, const String& custom) {
+    if (kind == 0) return L"\"" + text + L"\"";
+    if (kind == 1) return L"'" + text + L"'";
+    if (kind == 2) return L"/" + text + L"/";
+    if (kind == 3) return L"\\" + text + L"\\";
+    if (kind == 4) return custom + text + custom;
+    return text;
+}
+
+// A whole number through a format of `longueur` zeros.
+inline String keyOfNumber(String number, long longueur) {
+    if (longueur < 0) invalidCall();
+    String sign;
+    if (left(number, 1) == L"-") {
+        sign = L"-";
+        number = from(number, 2);
+    }
+    if (length(number) < longueur) number = repeated(longueur - length(number), L'0') + number;
+    return sign + number;
+}
+
+// An upper-cased key that is no number.
+inline String keyOfText(const String& upperCased, long longueur) {
+    const String zeros = repeated(longueur, L'0');
+    const String key = trim(upperCased);
+    return key.empty() ? zeros : left(key + repeated(longueur, L' '), longueur);
+}
+
+// Keeps the carry position between a call and the call it makes, as the object does that hosts see.
+class Counter {
+public:
+    String numLet(const String& chaine, long longueur) {
+        if (longueur < 0) invalidCall();
+        String s = chaine;
+        if (s.empty()) {
+            if (longueur == 0) return {};
+            s = repeated(longueur, L'0');
+        }
+        if (carry_ == 0) carry_ = kept(length(s));
+        const String before = left(s, carry_ - 1);
+        const String after = from(s, carry_ + 1);
+        const wchar_t c = s[static_cast<std::size_t>(carry_ - 1)];
+
+        if (c == L'Z') {
+            carry_ = carry_ - 1;
+            const String result = numLet(before + L"0" + after, 0);
+            carry_ = 0;
+            return result;
+        }
+        carry_ = 0;
+        if ((c >= L'0' && c <= L'8') || (c >= L'A' && c <= L'Y'))
+            return before + static_cast<wchar_t>(c + 1) + after;
+        if (c == L'9') return before + L"A" + after;
+        return s;
+    }
+
+private:
+    long carry_ = 0;
+};
+
+}  // namespace vorla::naive

@@ -1,0 +1,39 @@
+// Every rule agrees with its naive twin, in value and in error, for arguments drawn by chance.
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <random>
+#include <set>
+
+#include "comparisons.h"
+
+namespace vorla {
+namespace {
+
+// `errors` are all that the draw must bring up (0: a value), so that it cannot lose its edges unnoticed.
+void expectAgreement(Comparison (*compareOne)(Arguments&), const std::set<int>& errors) {
+    std::mt19937 random(20240229);
+    std::array<std::uint8_t, 96> bytes;
+    std::set<int> seen;
+    for (int i = 0; i < 30000; ++i) {
+        for (auto& byte : bytes) byte = static_cast<std::uint8_t>(random());
+        Arguments arguments(bytes.data(), bytes.size());
+        const auto comparison = compareOne(arguments);
+        ASSERT_TRUE(comparison.agrees) << comparison.report;
+        seen.insert(comparison.error);
+    }
+    EXPECT_EQ(seen, errors);
+}
+
+TEST(Properties, FieldsFollowTheirSteps) { expectAgreement(compare::fields, {0, 5, 6}); }
+TEST(Properties, TheTerminatorFollowsItsSteps) { expectAgreement(compare::terminator, {0}); }
+TEST(Properties, ColumnsFollowTheirSteps) { expectAgreement(compare::columns, {0, 5}); }
+TEST(Properties, ReplacementFollowsItsSteps) { expectAgreement(compare::replacement, {0, 6}); }
+TEST(Properties, OccurrencesFollowTheirSteps) { expectAgreement(compare::occurrences, {0, 6}); }
+TEST(Properties, QuotingFollowsItsSteps) { expectAgreement(compare::quoting, {0}); }
+TEST(Properties, KeysFollowTheirSteps) { expectAgreement(compare::keys, {0, 5}); }
+TEST(Properties, TheNextCodeFollowsItsSteps) { expectAgreement(compare::nextCode, {0, 5, 6}); }
+
+}  // namespace
+}  // namespace vorla
