@@ -20,8 +20,8 @@ Text Specimen::Deux(Text& Un, Text& Autre) {
 Text Specimen::SansDéfaut(std::int16_t Nombre, Text Chaîne, bool Vrai, double Réel, VariantView Quoi,
                           HostObject Qui, Text& Ref) {
     return std::to_wstring(Nombre) + L"|" + Chaîne + L"|" + (Vrai ? L"T" : L"F") + L"|" +
-           std::to_wstring(static_cast<int>(Réel)) + L"|" + (Quoi.isMissing() ? L"missing" : L"given") +
-           L"|" + (Qui ? L"object" : L"nothing") + L"|" + Ref;
+           (Réel != 0 ? L"R" : L"0") + L"|" + (Quoi.isMissing() ? L"missing" : L"given") + L"|" +
+           (Qui ? L"object" : L"nothing") + L"|" + Ref;
 }
 
 Text Specimen::AvecDéfaut(std::int16_t Nombre, Text Chaîne, bool Vrai, bool Faux, std::uint8_t Octet,

@@ -34,6 +34,9 @@ bool isMissing(const VARIANT& argument) {
     return argument.vt == VT_ERROR && argument.scode == DISP_E_PARAMNOTFOUND;
 }
 
+// A required variant may well hold a missing value: the member tells what it makes of it.
+bool takesMissing(const Parameter& parameter) { return parameter.type.type == VT_VARIANT && !parameter.optional; }
+
 // A script's variable stands for what it holds.
 VARIANT& held(VARIANT& argument) {
     return argument.vt == (VT_BYREF | VT_VARIANT) ? *argument.pvarVal : argument;
@@ -163,8 +166,8 @@ HRESULT Call::fill(Cell& cell, const Parameter& parameter) noexcept {
     const auto type = parameter.type.type;
     const bool byReference = parameter.type.byReference;
     if (cell.source && (cell.source->vt & VT_BYREF) && !cell.source->byref) return E_POINTER;
-    if (!cell.source || isMissing(held(*cell.source))) {
-        if (!parameter.optional && !cell.source) return DISP_E_BADPARAMCOUNT;
+    if (!cell.source && !parameter.optional) return DISP_E_BADPARAMCOUNT;
+    if (!cell.source || (isMissing(held(*cell.source)) && !takesMissing(parameter))) {
         if (!parameter.optional) return DISP_E_PARAMNOTOPTIONAL;
         const auto answer = missingValue(parameter, cell.own);
         if (FAILED(answer)) return answer;
