@@ -38,6 +38,7 @@ target_link_libraries(vorla_classes PUBLIC vorla_frame)
 # The type library is written by a program of the same build, from the same tables as the component.
 add_library(type_library_writer OBJECT 
     tools/typelib/contract_types.cpp
+    tools/typelib/type_library_check.cpp
     tools/typelib/type_library_file.cpp
     tools/typelib/type_library_writer.cpp)
 target_include_directories(type_library_writer PUBLIC tools)

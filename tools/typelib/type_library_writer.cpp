@@ -9,6 +9,7 @@
 #include "frame/values/bstr.h"
 #include "frame/values/unique_handle.h"
 #include "typelib/contract_types.h"
+#include "typelib/type_library_check.h"
 #include "typelib/type_library_file.h"
 
 namespace vorla::typelib {
@@ -283,6 +284,7 @@ void write(const Library& library, std::span<const Publication* const> classes, 
         type += 2;  // the interface and its class
     }
     made.save();
+    check(classes, file);
 }
 
 }  // namespace vorla::typelib
