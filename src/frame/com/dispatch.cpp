@@ -35,7 +35,9 @@ bool isMissing(const VARIANT& argument) {
 }
 
 // A required variant may well hold a missing value: the member tells what it makes of it.
-bool takesMissing(const Parameter& parameter) { return parameter.type.type == VT_VARIANT && !parameter.optional; }
+bool takesMissing(const Parameter& parameter) {
+    return parameter.type.type == VT_VARIANT && !parameter.optional;
+}
 
 // A script's variable stands for what it holds.
 VARIANT& held(VARIANT& argument) {
@@ -175,12 +177,13 @@ HRESULT Call::fill(Cell& cell, const Parameter& parameter) noexcept {
         VARIANT& source = *cell.source;
         if (type == VT_RECORD) return fillRecord(cell, parameter, source);
 
-        // The caller's own variable, of the very type.
-        if (byReference && source.vt == (VT_BYREF | type)) {
-            cell.passed.byref = source.byref;
-            return type == VT_DISPATCH ? checkObject(parameter.type.described, *source.ppdispVal) : S_OK;
-        }
         VARIANT& value = held(source);
+        // The caller's own variable, of the very type, alone or inside a script's variable.
+        const bool exactVariable = source.vt == (VT_BYREF | type);
+        if (byReference && (exactVariable || (&value != &source && value.vt == type))) {
+            cell.passed.byref = exactVariable ? source.byref : &value.byref;
+            return type == VT_DISPATCH ? checkObject(parameter.type.described, *cell.passed.ppdispVal) : S_OK;
+        }
         if (!byReference && (value.vt == type || type == VT_VARIANT) && type != VT_DISPATCH) {
             cell.passed = value;
             return S_OK;
