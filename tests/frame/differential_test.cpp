@@ -146,6 +146,8 @@ Seen call(const Publication& publication, const Member& member, const std::vecto
         arguments.owned.push_back(side.arguments[i]);
     }
     auto parameters = arguments.parameters();
+    // The system converts some arguments where they lie, so the array owns them from here on.
+    for (Variant& argument : arguments.owned) argument.detach();
     Variant result;
     EXCEPINFO exception{};
     UINT badArgument = 0xBAD;
@@ -153,6 +155,7 @@ Seen call(const Publication& publication, const Member& member, const std::vecto
     Seen seen;
     seen.code = caller(instance.get(), member.id, static_cast<WORD>(member.kind), &parameters, result.put(),
                        &exception, &badArgument);
+    for (VARIANT& argument : arguments.reversed) VariantClear(&argument);
     seen.badArgument = badArgument;
     seen.result = describe(result.raw());
     const Bstr source(exception.bstrSource), description(exception.bstrDescription);

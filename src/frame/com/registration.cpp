@@ -97,6 +97,7 @@ void removeIfBare(const Text& path) {
 }
 
 constexpr SYSKIND thisSystem = sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32;
+constexpr const wchar_t* ownSystem = sizeof(void*) == 8 ? L"win64" : L"win32";
 constexpr const wchar_t* otherSystem = sizeof(void*) == 8 ? L"win32" : L"win64";
 
 void writeTypeLibrary(const Text& server) {
@@ -106,19 +107,23 @@ void writeTypeLibrary(const Text& server) {
     checkCall(RegisterTypeLib(library.get(), path.data(), nullptr));
 }
 
+Text typeLibraryKey(const Library& library) { return L"TypeLib\\" + asText(library.id); }
+
+Text typeLibraryVersionKey(const Library& library) {
+    return typeLibraryKey(library) + L"\\" + versionOf(library);
+}
+
+// Whether the twin of the other word size is registered too. Both share the names of the classes, the
+// type library's key and the interfaces; only class identifiers have a place for each.
+bool isSharedWithTwin(const Library& library) {
+    return exists(typeLibraryVersionKey(library) + L"\\0\\" + otherSystem);
+}
+
 void removeTypeLibrary(const Library& library, std::span<const Publication* const> classes) {
-    const auto key = L"TypeLib\\" + asText(library.id);
-    const auto version = key + L"\\" + versionOf(library);
-    // The twin of the other word size shares the library's key and the interfaces.
-    const bool shared = exists(version + L"\\0\\" + otherSystem);
-    if (shared) {
-        removeTree(version + L"\\0\\" + (sizeof(void*) == 8 ? L"win64" : L"win32"));
-        return;
-    }
     // Does what it can; what it leaves, on this system or another, is removed below.
     UnRegisterTypeLib(library.id, library.majorVersion, library.minorVersion, 0, thisSystem);
-    removeTree(version);
-    removeIfBare(key);
+    removeTree(typeLibraryVersionKey(library));
+    removeIfBare(typeLibraryKey(library));
     for (const Publication* publication : classes)
         removeTree(L"Interface\\" + asText(publication->interfaceId()));
 }
@@ -151,11 +156,12 @@ HRESULT add(const Library& library, std::span<const Publication* const> classes,
 
 HRESULT remove(const Library& library, std::span<const Publication* const> classes) noexcept {
     return guarded([&] {
-        for (const Publication* publication : classes) {
-            removeTree(keyOf(*publication));
-            // In the view that both word sizes share, the name still serves the other one.
-            removeTree(programId(*publication));
+        for (const Publication* publication : classes) removeTree(keyOf(*publication));
+        if (isSharedWithTwin(library)) {
+            removeTree(typeLibraryVersionKey(library) + L"\\0\\" + ownSystem);
+            return;
         }
+        for (const Publication* publication : classes) removeTree(programId(*publication));
         removeTypeLibrary(library, classes);
     });
 }
