@@ -81,6 +81,24 @@ target_compile_options(gtest PRIVATE -w)
 target_compile_definitions(gtest PUBLIC GTEST_HAS_PTHREAD=0 GTEST_HAS_NOTIFICATION_=1)
 target_compile_options(gtest PUBLIC -include ${PROJECT_SOURCE_DIR}/tests/support/gtest_notification.h)
 
+# Programs of one prefix take turns: the user's language is the prefix's.
+string(REGEX REPLACE "^.*/" "" word_size ${CMAKE_BINARY_DIR})
+set(wine_prefix wine-${word_size})
+
+# A test program's runs: under French settings, under English settings, and with the heap watched.
+function(vorla_test program)
+    foreach(language fr_FR en_US)
+        add_test(NAME ${program}.${language} COMMAND ${program} WORKING_DIRECTORY ${CMAKE_BINARY_DIR})
+        set_tests_properties(${program}.${language} PROPERTIES
+            ENVIRONMENT VORLA_LANG=${language}.UTF-8 RESOURCE_LOCK ${wine_prefix} TIMEOUT 300)
+    endforeach()
+    add_test(NAME ${program}.heap COMMAND ${program} WORKING_DIRECTORY ${CMAKE_BINARY_DIR})
+    set_tests_properties(${program}.heap PROPERTIES
+        ENVIRONMENT WINEDEBUG=warn+heap,fixme-all FAIL_REGULAR_EXPRESSION "warn:heap"
+        RESOURCE_LOCK ${wine_prefix} TIMEOUT 300)
+endfunction()
+
 add_subdirectory(tests/support)
 add_subdirectory(tests/frame)
 add_subdirectory(tests/contract)
+add_subdirectory(tests/registration)
