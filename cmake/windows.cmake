@@ -83,3 +83,4 @@ target_compile_options(gtest PUBLIC -include ${PROJECT_SOURCE_DIR}/tests/support
 add_subdirectory(tests/support)
 add_subdirectory(tests/frame)
 add_subdirectory(tests/clients)
+add_subdirectory(examples/cpp)
