@@ -1,0 +1,217 @@
+#include "clients/case_table.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <stdexcept>
+#include <string_view>
+
+#include "frame/values/conversions.h"
+
+namespace vorla::test {
+namespace {
+
+class LineReader {
+public:
+    LineReader(int number, std::string_view line) : number_(number), rest_(line) {}
+
+    std::wstring name() {
+        std::wstring result;
+        skipBlanks();
+        while (!rest_.empty() && rest_[0] != '(') result += character();
+        return result;
+    }
+
+    bool take(std::string_view word) {
+        skipBlanks();
+        if (!rest_.starts_with(word)) return false;
+        rest_.remove_prefix(word.size());
+        return true;
+    }
+
+    void need(std::string_view word) {
+        if (!take(word)) fail(word);
+    }
+
+    bool at(char next) {
+        skipBlanks();
+        return !rest_.empty() && rest_[0] == next;
+    }
+
+    Variant value() {
+        if (at('"')) return Variant(TextView(text()));
+        if (take("True")) return Variant(true);
+        if (take("False")) return Variant(false);
+        if (take("Empty")) return {};
+        if (take("Null")) return ofType(VT_NULL);
+        if (take("Nothing")) return ofType(VT_DISPATCH);
+        if (take("D")) return date();
+        return number();
+    }
+
+    /// Whether the marks that end the line admit this language.
+    bool isFor(const std::string& language) {
+        const auto end = rest_.substr(std::min(rest_.rfind('"') + 1, rest_.size()));
+        const auto mark = end.find('[');
+        return mark == end.npos || end.substr(mark) == "[" + language + "]";
+    }
+
+private:
+    [[noreturn]] void fail(std::string_view expected) {
+        throw std::runtime_error("line " + std::to_string(number_) + ": expected " + std::string(expected) +
+                                 " before: " + std::string(rest_));
+    }
+
+    void skipBlanks() { rest_.remove_prefix(std::min(rest_.find_first_not_of(' '), rest_.size())); }
+
+    static Variant ofType(VARTYPE type) {
+        Variant value;
+        value.put()->vt = type;  // Null has no value, and the object is none
+        return value;
+    }
+
+    wchar_t character() {
+        char first = rest_[0];
+        if (first == '\\' && rest_.starts_with("\\u")) {
+            const auto code = std::strtoul(std::string(rest_.substr(2, 4)).c_str(), nullptr, 16);
+            rest_.remove_prefix(6);
+            return static_cast<wchar_t>(code);
+        }
+        if (first == '\\') {
+            first = rest_.at(1);
+            rest_.remove_prefix(1);
+        }
+        rest_.remove_prefix(1);
+        return static_cast<wchar_t>(first);
+    }
+
+    std::wstring text() {
+        std::wstring result;
+        do {
+            std::wstring piece;
+            need("\"");
+            while (!rest_.empty() && rest_[0] != '"') piece += character();
+            need("\"");
+            const auto times = take("*") ? static_cast<int>(digits()) : 1;
+            for (int i = 0; i < times; ++i) result += piece;
+        } while (take("+"));
+        return result;
+    }
+
+    double digits() {
+        const std::string text(rest_.substr(0, rest_.find_first_not_of("-0123456789.")));
+        if (text.empty()) fail("a number");
+        rest_.remove_prefix(text.size());
+        return std::strtod(text.c_str(), nullptr);
+    }
+
+    Variant number() {
+        const double value = digits();
+        if (take("&")) return Variant(static_cast<std::int32_t>(value));
+        if (take("#")) return Variant(value);
+        if (take("@")) return Variant(Currency{static_cast<std::int64_t>(value * 10000)});
+        if (take("!")) {
+            auto single = ofType(VT_R4);
+            single.put()->fltVal = static_cast<float>(value);
+            return single;
+        }
+        take("%");
+        return Variant(static_cast<std::int16_t>(value));
+    }
+
+    Variant date() {
+        SYSTEMTIME day{};
+        int year = 0, month = 0, dayOfMonth = 0, length = 0;
+        const std::string text(rest_);
+        if (std::sscanf(text.c_str(), "%d-%d-%d%n", &year, &month, &dayOfMonth, &length) != 3) fail("a date");
+        rest_.remove_prefix(static_cast<std::size_t>(length));
+        day.wYear = static_cast<WORD>(year);
+        day.wMonth = static_cast<WORD>(month);
+        day.wDay = static_cast<WORD>(dayOfMonth);
+        Date result{};
+        if (!SystemTimeToVariantTime(&day, &result.days)) fail("a date");
+        return Variant(result);
+    }
+
+    int number_;
+    std::string_view rest_;
+};
+
+std::string escaped(wchar_t character) {
+    char result[12];
+    if (character == L'"' || character == L'\\')
+        std::snprintf(result, sizeof result, "\\%c", static_cast<char>(character));
+    else if (character >= 32 && character < 127)
+        std::snprintf(result, sizeof result, "%c", static_cast<char>(character));
+    else
+        std::snprintf(result, sizeof result, "\\u%04x", static_cast<unsigned>(character));
+    return result;
+}
+
+std::string quotedText(TextView text) {
+    constexpr std::size_t longestRunWritten = 9;
+    std::string result = "\"";
+    for (std::size_t i = 0; i < text.size();) {
+        const auto end = std::min(text.find_first_not_of(text[i], i), text.size());
+        const auto unit = escaped(text[i]);
+        if (end - i > longestRunWritten)
+            result += unit + "\\*" + std::to_string(end - i) + ";";
+        else
+            for (; i < end; ++i) result += unit;
+        i = end;
+    }
+    return result + '"';
+}
+
+std::string asNumber(const VARIANT& value) {
+    Variant number;
+    if (FAILED(changeType(*number.put(), value, LOCALE_INVARIANT, 0, VT_R8))) return "no number";
+    char result[40];
+    std::snprintf(result, sizeof result, "%.15g", number.raw().dblVal);
+    return result;
+}
+
+}  // namespace
+
+std::vector<Case> readCases(const char* path, const std::string& language) {
+    std::ifstream file(path, std::ios::binary);
+    if (!file) throw std::runtime_error(std::string("cannot be read: ") + path);
+    std::vector<Case> cases;
+    std::string line;
+    for (int number = 1; std::getline(file, line); ++number) {
+        LineReader reader(number, line);
+        if (line.empty() || reader.at('#')) continue;
+        Case read;
+        read.line = number;
+        read.member = reader.name();
+        reader.need("(");
+        while (!reader.take(")")) {
+            if (!read.arguments.empty()) reader.need(",");
+            CaseArgument argument;
+            argument.byReference = reader.take("ref ");
+            if (reader.at(',')) {
+                argument.value.put()->vt = VT_ERROR;
+                argument.value.put()->scode = DISP_E_PARAMNOTFOUND;
+            } else {
+                argument.value = reader.value();
+            }
+            read.arguments.push_back(std::move(argument));
+        }
+        reader.need("=");
+        if (reader.isFor(language)) cases.push_back(std::move(read));
+    }
+    return cases;
+}
+
+std::string describeResult(const VARIANT& result) {
+    if (result.vt == VT_BSTR) return quotedText(viewOf(result.bstrVal));
+    if (result.vt == VT_R4) return asNumber(result) + "!";
+    return "type " + std::to_string(result.vt) + " " + asNumber(result);
+}
+
+std::string describeVariable(const VARIANT& variable) {
+    return variable.vt == VT_BSTR ? quotedText(viewOf(variable.bstrVal)) : asNumber(variable);
+}
+
+}  // namespace vorla::test

@@ -1,0 +1,71 @@
+// What stands before the calls of the JScript client: each answer is written as
+//     <line of the case> <answer>
+// with texts quoted, all but printable ASCII as \uXXXX, and runs of more than 9 characters counted.
+
+function repeat(text, count) {
+    if (count == 0) return "";
+    var half = repeat(text, Math.floor(count / 2));
+    return count % 2 ? half + half + text : half + half;
+}
+
+function escaped(character) {
+    var code = character.charCodeAt(0);
+    if (character == "\"" || character == "\\") return "\\" + character;
+    if (code >= 32 && code < 127) return character;
+    return "\\u" + ("000" + code.toString(16)).slice(-4);
+}
+
+function run(unit, count) {
+    return count > 9 ? unit + "\\*" + count + ";" : repeat(unit, count);
+}
+
+function quoted(text) {
+    var written = "";
+    for (var i = 0, next; i < text.length; i = next) {
+        for (next = i + 1; next < text.length && text.charAt(next) == text.charAt(i);) ++next;
+        written += run(escaped(text.charAt(i)), next - i);
+    }
+    return "\"" + written + "\"";
+}
+
+// The language has one type of numbers: a single cannot be told from the others.
+function value(result) {
+    if (typeof result == "string") return quoted(result);
+    if (typeof result == "number") return result + "!";
+    return typeof result + " " + result;
+}
+
+function variable(held) {
+    return typeof held == "string" ? quoted(held) : String(held);
+}
+
+// The run-time number of a failure. This engine hands on the codes of calls that the automation rules refuse,
+// without a description of its own; scripts know them by these numbers.
+function failure(error) {
+    var code = error.number >>> 0;
+    switch (code) {
+        case 0x80020005: return "error 13";
+        case 0x8002000A: return "error 6";
+        case 0x8002000E: case 0x8002000F: return "error 450";
+    }
+    if (code >>> 16 != 0x800A) return "failure " + code.toString(16);
+    return "error " + (code & 0xFFFF) + (error.description ? "" : " without description");
+}
+
+function skip(line, reason) {
+    WScript.Echo(line + " skip: " + reason);
+}
+
+function answer(line, call, variables) {
+    var written;
+    try {
+        written = value(call(variables));
+    } catch (error) {
+        written = failure(error);
+    }
+    for (var i = 0; i < variables.length; ++i) written += " ref " + variable(variables[i]);
+    WScript.Echo(line + " " + written);
+}
+
+var o = new ActiveXObject("Vorla6.VorlaChaine");
+
