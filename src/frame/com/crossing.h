@@ -4,7 +4,7 @@
 //   Raw       the type of the slot's argument
 //   type      what the type library and dispatch call it
 //   Argument  holds a raw argument for the length of a call; value() is what the member takes,
-//             commit() stores what a by-reference one has become
+//             commit() stores what a by-reference one has become, at the latest when the call ends
 //   give      turns a result into its raw form, which the caller then owns
 // Results and by-value arguments use Crossing<T>, by-reference arguments Crossing<T&>.
 #pragma once
@@ -14,6 +14,7 @@
 
 #include <cstdint>
 #include <type_traits>
+#include <utility>
 
 #include "frame/contract/enumerations.h"
 #include "frame/contract/records.h"
@@ -136,7 +137,7 @@ struct Crossing<bool> {
         ~Reference() { commit(); }
         bool& value() { return value_; }
         void commit() {
-            if (value_ != before_) *variable_ = give(value_);
+            if (std::exchange(before_, value_) != value_) *variable_ = give(value_);
         }
 
     private:
@@ -208,7 +209,8 @@ struct Crossing<Text> : crossing::StringResult {
         }
         Text& value() { return value_; }
         void commit() {
-            if (value_ == viewOf(*variable_)) return;
+            // Once: the same variable may have been passed twice, and the last one to commit wins.
+            if (!std::exchange(pending_, false) || value_ == viewOf(*variable_)) return;
             Bstr replacement{TextView(value_)};
             SysFreeString(*variable_);
             *variable_ = replacement.detach();
@@ -217,6 +219,7 @@ struct Crossing<Text> : crossing::StringResult {
     private:
         BSTR* variable_;
         Text value_;
+        bool pending_ = true;
     };
 };
 
@@ -255,23 +258,33 @@ struct Crossing<Variant> {
 };
 
 template <class Interface>
+constexpr Described describedInterface = Described::no;
+template <>
+inline constexpr Described describedInterface<IPictureDisp> = Described::picture;
+template <>
+inline constexpr Described describedInterface<IFontDisp> = Described::font;
+
+template <class Interface>
 struct Crossing<HostReference<Interface>> {
     using Raw = Interface*;
     using Argument = crossing::ByValue<HostReference<Interface>, Raw>;
     using Reference = crossing::InPlace<HostReference<Interface>, Raw>;
-    static constexpr TypeUse type{VT_DISPATCH, false,
-                                  std::is_same_v<Interface, IPictureDisp> ? Described::picture
-                                  : std::is_same_v<Interface, IFontDisp>  ? Described::font
-                                                                          : Described::no};
+    static constexpr TypeUse type{VT_DISPATCH, false, describedInterface<Interface>};
     static Raw give(HostReference<Interface> value) { return value.detach(); }
 };
 
+/// A type that the contract lists, with the number that identifies it.
+template <class T>
+concept PublishedEnumeration = std::is_enum_v<T> && contractNumber<T>
+!= 0;
+template <class T>
+concept PublishedRecord = std::is_class_v<T> && contractNumber<T>
+!= 0;
+
 /// An enumeration of the contract. Hosts may pass any 32-bit value; the member decides what to do with
 /// one that is no member of it.
-template <class Enumeration>
-requires std::is_enum_v<Enumeration>
+template <PublishedEnumeration Enumeration>
 struct Crossing<Enumeration> {
-    static_assert(contractNumber<Enumeration> != 0, "list the enumeration in enumerations.def");
     using Raw = LONG;
     using Argument = crossing::ByValue<Enumeration, Raw>;
     using Reference = crossing::InPlace<Enumeration, Raw>;
@@ -280,8 +293,8 @@ struct Crossing<Enumeration> {
 };
 
 /// A record of the contract: a result, or by reference.
-template <class Record>
-requires(std::is_class_v<Record>&& contractNumber<Record> != 0) struct Crossing<Record> {
+template <PublishedRecord Record>
+struct Crossing<Record> {
     using Raw = Record;
     using Reference = crossing::InPlace<Record, Raw>;
     static constexpr TypeUse type{VT_RECORD, false, Described::record, contractNumber<Record>};

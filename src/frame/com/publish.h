@@ -4,8 +4,9 @@
 //
 //     PUBLISH(VorlaChaine,
 //             METHOD(CBR, L"Chaine", L"Longueur"),
-//             METHOD(Occurrence, L"Chaine", L"Cherche", optional(L"CaseSensitive", true), optional(L"Start",
-//             1)), RESERVED_SLOT)
+//             METHOD(NumLet, L"Chaine", optional(L"Longueur")),
+//             METHOD(SplitStr, L"Chaine"),
+//             RESERVED_SLOT)
 //
 // Member identifiers: methods and reserved slots take 0x60030000 plus their ordinal among them; the
 // accessors of a property share 0x68030000 plus a number counted down to 0 at the last declared property;
@@ -30,35 +31,31 @@
         return publication;                                                                  \
     }
 
-/// A member function under its own name: METHOD(name, parameters...).
-#define METHOD(name, ...)                                                  \
-    ::vorla::publishing::row<::vorla::publishing::Call<&Published::name>>( \
-        L"" #name, ::vorla::MemberKind::method __VA_OPT__(, ) __VA_ARGS__)
+// A row of the table: which procedure, under which name, as which kind of member, with which parameters.
+#define VORLA_ROW(Procedure, name, kind, ...)                 \
+    ::vorla::publishing::row<::vorla::publishing::Procedure>( \
+        name, ::vorla::MemberKind::kind __VA_OPT__(, ) __VA_ARGS__)
 
-/// A member function under a published name that is no identifier: METHOD_AS(function, L"name",
-/// parameters...).
-#define METHOD_AS(function, name, ...)                                         \
-    ::vorla::publishing::row<::vorla::publishing::Call<&Published::function>>( \
-        name, ::vorla::MemberKind::method __VA_OPT__(, ) __VA_ARGS__)
+/// A member function under its own name: METHOD(name, parameters...).
+#define METHOD(name, ...) VORLA_ROW(Call<&Published::name>, L"" #name, method __VA_OPT__(, ) __VA_ARGS__)
+
+/// A member function under a name that is no identifier: METHOD_AS(function, L"name", parameters...).
+#define METHOD_AS(function, name, ...) \
+    VORLA_ROW(Call<&Published::function>, name, method __VA_OPT__(, ) __VA_ARGS__)
 
 /// The accessors of a property, each made by a member function: PROPERTY_GET(name, function, indexes...).
 /// The new value of LET and SET is the function's last parameter and has no name.
-#define PROPERTY_GET(name, function, ...)                                      \
-    ::vorla::publishing::row<::vorla::publishing::Call<&Published::function>>( \
-        L"" #name, ::vorla::MemberKind::get __VA_OPT__(, ) __VA_ARGS__)
-#define PROPERTY_LET(name, function, ...)                                      \
-    ::vorla::publishing::row<::vorla::publishing::Call<&Published::function>>( \
-        L"" #name, ::vorla::MemberKind::let __VA_OPT__(, ) __VA_ARGS__)
-#define PROPERTY_SET(name, function, ...)                                      \
-    ::vorla::publishing::row<::vorla::publishing::Call<&Published::function>>( \
-        L"" #name, ::vorla::MemberKind::set __VA_OPT__(, ) __VA_ARGS__)
+#define PROPERTY_GET(name, function, ...) \
+    VORLA_ROW(Call<&Published::function>, L"" #name, get __VA_OPT__(, ) __VA_ARGS__)
+#define PROPERTY_LET(name, function, ...) \
+    VORLA_ROW(Call<&Published::function>, L"" #name, let __VA_OPT__(, ) __VA_ARGS__)
+#define PROPERTY_SET(name, function, ...) \
+    VORLA_ROW(Call<&Published::function>, L"" #name, set __VA_OPT__(, ) __VA_ARGS__)
 
 /// A public data member, which hosts read and write as a property.
-#define FIELD(name)                                                                                       \
-    ::vorla::publishing::row<::vorla::publishing::ReadField<&Published::name>>(L"" #name,                 \
-                                                                               ::vorla::MemberKind::get), \
-        ::vorla::publishing::row<::vorla::publishing::WriteField<&Published::name>>(                      \
-            L"" #name, ::vorla::MemberKind::let)
+#define FIELD(name)                                         \
+    VORLA_ROW(ReadField<&Published::name>, L"" #name, get), \
+        VORLA_ROW(WriteField<&Published::name>, L"" #name, let)
 
 /// The place of a private procedure.
 #define RESERVED_SLOT                                               \
@@ -84,9 +81,12 @@ constexpr ParameterRow optional(const wchar_t* name) {
     return row;
 }
 
-template <class Number>
-requires(std::is_integral_v<Number> || std::is_enum_v<Number>) constexpr ParameterRow
-    optional(const wchar_t* name, Number value) {
+/// A default that is a number: a boolean and an enumeration's member are numbers too.
+template <class T>
+concept WholeNumber = std::is_integral_v<T> || std::is_enum_v<T>;
+
+template <WholeNumber Number>
+constexpr ParameterRow optional(const wchar_t* name, Number value) {
     auto row = optional(name);
     row.whenMissing = {Default::Kind::number, static_cast<std::int32_t>(value), L""};
     return row;
