@@ -13,8 +13,13 @@ add_library(vorla_frame OBJECT
     src/frame/com/module.cpp
     src/frame/com/publication.cpp
     src/frame/com/registration.cpp
+    src/frame/host/bound_object.cpp
+    src/frame/host/globals.cpp
+    src/frame/host/host_items.cpp
     src/frame/host/message_box.cpp
+    src/frame/host/object_kinds.cpp
     src/frame/values/conversions.cpp
+    src/frame/values/invocation.cpp
     src/frame/values/variant.cpp)
 target_link_libraries(vorla_frame PUBLIC vorla_rules ole32 oleaut32 uuid)
 
