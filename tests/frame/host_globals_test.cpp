@@ -164,16 +164,6 @@ TEST_F(EventsTest, quittingIsLeftToTheHostsLoop) {
     EXPECT_EQ(7u, message.wParam);
 }
 
-template <class Work>
-int errorOf(Work&& work) {
-    try {
-        work();
-        return 0;
-    } catch (const RuntimeError& error) {
-        return static_cast<int>(error.number());
-    }
-}
-
 // A file in the current folder with these bytes.
 class TemporaryFile {
 public:

@@ -14,16 +14,6 @@ namespace {
 using Log = std::vector<std::wstring>;
 using Walk = ScriptedObject::Walk;
 
-template <class Work>
-int errorOf(Work&& work) {
-    try {
-        work();
-        return 0;
-    } catch (const RuntimeError& error) {
-        return static_cast<int>(error.number());
-    }
-}
-
 TEST(BoundObject, readsAndWritesByName) {
     ScriptedObject control;
     control.property(L"Caption", text(L"avant")).property(L"Width", std::int32_t{1200});

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "frame/values/runtime_error.h"
 #include "support/automation.h"
 #include "support/scripted_object.h"
 
@@ -172,16 +171,6 @@ TEST(FormChargee, stopsAtTheFirstMatch) {
     EXPECT_EQ((Log{L"lookup Name", L"get Name"}), forms.first.log());
     EXPECT_EQ(Log{}, forms.second.log());
     EXPECT_EQ((Log{L"get (enumerator)", L"next"}), forms.collection.log());
-}
-
-template <class Work>
-int errorOf(Work&& work) {
-    try {
-        work();
-        return 0;
-    } catch (const RuntimeError& error) {
-        return static_cast<int>(error.number());
-    }
 }
 
 TEST(FormChargee, failuresReachTheCaller) {

@@ -13,10 +13,15 @@ constexpr float twipsPerInch = 1440;
 // The longest path that Windows knows, with its terminator.
 constexpr DWORD longestPath = 32768;
 
+struct ScreenKind {
+    using Handle = HDC;
+    static Handle invalid() { return nullptr; }
+    static void close(Handle handle) { ReleaseDC(nullptr, handle); }
+};
+
 float twipsPerPixel(int dotsPerInch) {
-    const HDC screen = GetDC(nullptr);
-    const int dots = GetDeviceCaps(screen, dotsPerInch);
-    ReleaseDC(nullptr, screen);
+    const UniqueHandle<ScreenKind> screen(GetDC(nullptr));
+    const int dots = GetDeviceCaps(screen.get(), dotsPerInch);
     return twipsPerInch / static_cast<float>(dots > 0 ? dots : 96);
 }
 
