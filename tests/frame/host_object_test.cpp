@@ -1,7 +1,9 @@
 // The host's objects driven by name: what reaches them, what comes back, and how often.
 #include <gtest/gtest.h>
 
+#include "frame/contract/enumerations.h"
 #include "frame/host/bound_object.h"
+#include "frame/host/globals.h"
 #include "frame/host/host_items.h"
 #include "frame/host/object_kinds.h"
 #include "support/automation.h"
@@ -113,6 +115,17 @@ TEST(BoundObject, objectsArePutByReference) {
     EXPECT_EQ(0, font.references());
 }
 
+TEST(BoundObject, picturesAndEnumeratedValues) {
+    ScriptedObject control;
+    control.property(L"Picture").property(L"Unit");
+    BoundObject bound{HostObject(&control)};
+    bound.putRef(L"Picture", LoadPicture(L""));
+    // An empty picture is of type 0.
+    EXPECT_EQ(0, BoundObject(bound.getObject(L"Picture")).getAs<std::int16_t>(L"Type"));
+    bound.put(L"Unit", WinVer::WinXP);
+    EXPECT_EQ("vt 3 9", describe(control.value(L"Unit").raw()));
+}
+
 TEST(BoundObject, defaultMembers) {
     ScriptedObject list;
     list.indexed(L"Item", {text(L"zéro"), text(L"un")}).defaultMember(L"Item");
@@ -173,10 +186,12 @@ TEST(BoundObject, failuresKeepTheHostsNumber) {
         EXPECT_EQ(L"x", bound.getAs<Text>(L"Text"));
     }
     ScriptedObject control;
-    control.property(L"Text").failCallWithNumber(1, 380).failCallWithNumber(2, 50'000);
+    control.property(L"Text").failCallWithNumber(1, 380).failCallWithNumber(2, 50'000).failCallDeferred(3,
+                                                                                                        382);
     BoundObject bound{HostObject(&control)};
     EXPECT_EQ(380, errorOf([&] { bound.get(L"Text"); }));
     EXPECT_EQ(50'000, errorOf([&] { bound.get(L"Text"); }));
+    EXPECT_EQ(382, errorOf([&] { bound.get(L"Text"); }));
 }
 
 TEST(BoundObject, unknownNamesAndNothing) {
@@ -208,6 +223,8 @@ TEST(BoundObject, leavesNothingBehind) {
         bound.call(L"Swap", ByReference(variable));
         control.failCallWithNumber(1, 380);
         EXPECT_EQ(380, errorOf([&] { bound.get(L"Text"); }));
+        control.failCallDeferred(1, 382);
+        EXPECT_EQ(382, errorOf([&] { bound.get(L"Text"); }));
         control.value(L"Text") = Variant();
     };
     control.property(L"Text").method(L"Swap", [](const ScriptedObject::Call& call) {

@@ -25,6 +25,15 @@ ComPointer<ITypeInfo> typeNamed(const wchar_t* name, TYPEKIND kind) {
     return type;
 }
 
+// The number of the exception that is still to be filled in. The caller asks at once, on the same thread.
+WORD deferredNumber = 0;
+
+HRESULT STDMETHODCALLTYPE fillIn(EXCEPINFO* exception) {
+    exception->wCode = deferredNumber;
+    exception->bstrDescription = SysAllocString(L"filled in later");
+    return S_OK;
+}
+
 HRESULT give(const ComPointer<ITypeInfo>& type, ITypeInfo** asked) {
     *asked = type.get();
     if (!type) return E_FAIL;
@@ -142,12 +151,17 @@ ScriptedObject& ScriptedObject::interfaceName(const wchar_t* name) {
 }
 
 ScriptedObject& ScriptedObject::failCall(int number, HRESULT code) {
-    failures_[calls_ + number] = {code, 0};
+    failures_[calls_ + number] = {code};
     return *this;
 }
 
 ScriptedObject& ScriptedObject::failCallWithNumber(int number, WORD errorNumber) {
     failures_[calls_ + number] = {DISP_E_EXCEPTION, errorNumber};
+    return *this;
+}
+
+ScriptedObject& ScriptedObject::failCallDeferred(int number, WORD errorNumber) {
+    failures_[calls_ + number] = {DISP_E_EXCEPTION, errorNumber, true};
     return *this;
 }
 
@@ -185,6 +199,11 @@ HRESULT ScriptedObject::raise(EXCEPINFO* exception, const Failure& failure) {
     if (!reported) return failure.code;
     if (exception) {
         *exception = {};
+        if (failure.deferred) {
+            deferredNumber = failure.number;
+            exception->pfnDeferredFillIn = &fillIn;
+            return DISP_E_EXCEPTION;
+        }
         exception->wCode = failure.number;
         exception->scode = failure.number != 0 ? 0 : failure.code;
         // The caller owns these; a test that counts memory sees whether it frees them.
@@ -276,7 +295,7 @@ HRESULT ScriptedObject::Invoke(DISPID id, REFIID, LCID locale, WORD kind, DISPPA
     if (!isMember) return DISP_E_MEMBERNOTFOUND;
     Variant given;
     const auto code = answer(members_[number], Call(*parameters, kind, locale), given);
-    if (FAILED(code)) return raise(exception, {code, 0});
+    if (FAILED(code)) return raise(exception, {code});
     if (result) *result = given.detach();
     return S_OK;
 }

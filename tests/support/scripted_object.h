@@ -76,6 +76,8 @@ public:
     ScriptedObject& failCall(int number, HRESULT code);
     /// The same with an exception whose `wCode` is the error's number.
     ScriptedObject& failCallWithNumber(int number, WORD errorNumber);
+    /// The same, but the exception is filled in only when the caller asks for it.
+    ScriptedObject& failCallDeferred(int number, WORD errorNumber);
 
     /// What a property holds.
     Variant& value(const wchar_t* name);
@@ -126,7 +128,8 @@ private:
 
     struct Failure {
         HRESULT code;
-        WORD number;
+        WORD number = 0;
+        bool deferred = false;
     };
 
     Member& add(const wchar_t* name);

@@ -6,6 +6,7 @@
 #include <array>
 #include <concepts>
 #include <span>
+#include <type_traits>
 #include <vector>
 
 #include "frame/host/host_reference.h"
@@ -27,7 +28,10 @@ private:
 /// What an argument or a value for a property looks like to the host.
 inline Variant hostArgument(const ByReference& variable) { return variable.argument(); }
 Variant hostArgument(IDispatch* object);
-inline Variant hostArgument(const HostObject& object) { return hostArgument(object.get()); }
+template <class Interface>
+Variant hostArgument(const HostReference<Interface>& object) {
+    return hostArgument(static_cast<IDispatch*>(object.get()));
+}
 inline Variant hostArgument(const Variant& value) { return value; }
 inline Variant hostArgument(VariantView value) { return Variant(value); }
 template <std::convertible_to<TextView> Characters>
@@ -39,6 +43,10 @@ requires(std::same_as<Scalar, bool> || std::same_as<Scalar, std::int16_t> ||
          std::same_as<Scalar, std::int32_t> || std::same_as<Scalar, double> ||
          std::same_as<Scalar, Currency> || std::same_as<Scalar, Date>) Variant hostArgument(Scalar value) {
     return Variant(value);
+}
+template <class Enumeration>
+requires std::is_enum_v<Enumeration> Variant hostArgument(Enumeration value) {
+    return Variant(static_cast<std::int32_t>(value));
 }
 
 /// The object in a result. Errors: 91 for Nothing, 424 for what is no object.
