@@ -13,7 +13,10 @@ add_library(vorla_frame OBJECT
     src/frame/com/module.cpp
     src/frame/com/publication.cpp
     src/frame/com/registration.cpp
+    src/frame/declarations/comparison.cpp
+    src/frame/declarations/files.cpp
     src/frame/host/message_box.cpp
+    src/frame/values/ansi.cpp
     src/frame/values/conversions.cpp
     src/frame/values/variant.cpp)
 target_link_libraries(vorla_frame PUBLIC vorla_rules ole32 oleaut32 uuid)
@@ -26,6 +29,7 @@ add_library(vorla_classes OBJECT
     src/language/VorlaLangue.publication.cpp
     src/media/VorlaMultiMedia.publication.cpp
     src/misc/VorlaDivers.publication.cpp
+    src/system/VorlaFichier.cpp
     src/system/VorlaFichier.publication.cpp
     src/system/VorlaRegistre.publication.cpp
     src/system/VorlaSystem.publication.cpp

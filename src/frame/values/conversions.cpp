@@ -1,5 +1,6 @@
 #include "frame/values/conversions.h"
 
+#include <cmath>
 #include <new>
 
 #include "frame/values/unique_handle.h"
@@ -148,6 +149,37 @@ Bstr roundedNumber(TextView numeric) {
 Bstr generalNumber(TextView numeric) {
     Bstr result;
     check(VarBstrFromR8(numberOf(numeric), LOCALE_USER_DEFAULT, 0, result.put()));
+    return result;
+}
+
+namespace {
+
+Variant decimalOf(double number) {
+    if (!std::isfinite(number)) throw RuntimeError(ErrorNumber::overflow);
+    Variant result;
+    DECIMAL decimal;
+    check(VarDecFromR8(number, &decimal));
+    // A decimal fills the whole variant, its type included.
+    result.put()->decVal = decimal;
+    result.put()->vt = VT_DECIMAL;
+    return result;
+}
+
+}  // namespace
+
+Bstr formatted(double number, TextView format) {
+    // From here on a double's own text has an exponent, which the formats of some systems then repeat.
+    constexpr double firstWithExponent = 1e15;
+    Variant value = std::abs(number) < firstWithExponent ? Variant(number) : decimalOf(number);
+    Bstr result;
+    check(VarFormat(value.put(), Text(format).data(), 0, 0, 0, result.put()));
+    return result;
+}
+
+Bstr decimalText(double number) {
+    Variant value = decimalOf(number);
+    Bstr result;
+    check(VarBstrFromDec(&value.put()->decVal, LOCALE_USER_DEFAULT, 0, result.put()));
     return result;
 }
 

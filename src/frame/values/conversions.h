@@ -56,6 +56,13 @@ Bstr roundedNumber(TextView numeric);
 /// A numeric text in the general form of the user's locale.
 Bstr generalNumber(TextView numeric);
 
+/// A number through a format: a pattern or the name of one of the system's formats. Locale: the user's.
+/// Error 6 for what is no number and for a number of more than 28 digits.
+Bstr formatted(double number, TextView format);
+
+/// A number in digits, never with an exponent. Locale and errors as above.
+Bstr decimalText(double number);
+
 /// Letters changed by the user's locale; everything else stays. The length stays too.
 Text upperCased(TextView text);
 Text lowerCased(TextView text);
