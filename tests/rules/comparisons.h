@@ -139,7 +139,7 @@ inline Comparison piece(const Text& path, std::int32_t part, bool isFolder) {
 inline Comparison paths(Arguments& arguments) {
     const TextView beginnings[] = {L"", L"C:\\", L"\\\\", L"\\\\s\\h", L"\\", L"C:"};
     const Text path = Text(beginnings[arguments.byte() % std::size(beginnings)]) +
-                      arguments.farText(TextView(L"\\\\\\..:ab\u00E9\0", 10), 31, L'x');
+                      arguments.text(TextView(L"\\\\\\..:ab\u00E9\0", 10), 31);
     const bool isFolder = arguments.flag();
     for (std::int32_t part = 1; part <= 8; ++part)
         if (const auto result = piece(path, part, isFolder); !result.agrees) return result;
@@ -147,7 +147,7 @@ inline Comparison paths(Arguments& arguments) {
 }
 
 inline Comparison extensions(Arguments& arguments) {
-    const Text path = arguments.farText(L"..tmp\\", 31, L'x');
+    const Text path = arguments.text(L"..tmp\\", 31);
     const Text old = arguments.text(L"tmp.", 3);
     const Text wanted = arguments.text(L".tmpx", 4);
     return compared(call("withExtension", path, old, wanted),
