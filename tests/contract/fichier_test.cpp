@@ -65,6 +65,63 @@ TEST_F(Fichier, membersHaveTheIdentifiersOfTheirPlaces) {
     for (const wchar_t* name : names) EXPECT_EQ(expected++, idOf(object.get(), name)) << narrow(name);
 }
 
+// Signatures as hosts declare them: "&" by reference, "[" optional with its default.
+TEST_F(Fichier, membersAreDescribed) {
+    const wchar_t* const rows[] = {L"BSTR NormalisePath(BSTR Path)",
+                                   L"BSTR DeNormalisePath(BSTR Path)",
+                                   L"BSTR ExtraitChemin(BSTR Chemin, [eFileN RenvoieNomFic=1])",
+                                   L"BSTR FileNameShortToLong(&BSTR FileName)",
+                                   L"BSTR FileNameLongToShort(&BSTR FileName)",
+                                   L"BSTR LectDat(BSTR FileName)",
+                                   L"BOOL FileExist(BSTR FileName, [&eFileToTest TypeFile=0])",
+                                   L"BOOL IsFileExist(BSTR FileName, [&eFileToTest TypeFile=0])",
+                                   L"eFiletype FileType(BSTR FileName)",
+                                   L"BSTR FileSize(&BSTR NomFichier, [&BOOL Short=0])",
+                                   L"BSTR SizeToString(R8 FileSise, [&BOOL Short=0])"};
+    ComPointer<ITypeInfo> description;
+    ASSERT_EQ(S_OK, object->GetTypeInfo(0, 0, description.put()));
+    const auto typeName = [&](const TYPEDESC& type) -> std::wstring {
+        if (type.vt == VT_BSTR) return L"BSTR";
+        if (type.vt == VT_BOOL) return L"BOOL";
+        if (type.vt == VT_R8) return L"R8";
+        if (type.vt != VT_USERDEFINED) return L"?";
+        ComPointer<ITypeInfo> defined;
+        Bstr name;
+        EXPECT_EQ(S_OK, description->GetRefTypeInfo(type.hreftype, defined.put()));
+        EXPECT_EQ(S_OK, defined->GetDocumentation(MEMBERID_NIL, name.put(), nullptr, nullptr, nullptr));
+        return std::wstring(name.view());
+    };
+    UINT index = 0;
+    for (MEMBERID id = 0x60030000; id < 0x60030000 + static_cast<MEMBERID>(std::size(rows)); ++id) {
+        FUNCDESC* function = nullptr;
+        do ASSERT_EQ(S_OK, description->GetFuncDesc(index++, &function));
+        while (function->memid < id && (description->ReleaseFuncDesc(function), true));
+        BSTR raw[4] = {};
+        UINT count = 0;
+        EXPECT_EQ(S_OK, description->GetNames(function->memid, raw, 4, &count));
+        EXPECT_EQ(static_cast<UINT>(function->cParams + 1), count);
+        const Bstr names[] = {Bstr(raw[0]), Bstr(raw[1]), Bstr(raw[2]), Bstr(raw[3])};
+        std::wstring written = typeName(function->elemdescFunc.tdesc) + L' ' + Text(names[0].view()) + L'(';
+        for (SHORT i = 0; i < function->cParams; ++i) {
+            const ELEMDESC& parameter = function->lprgelemdescParam[i];
+            const bool optional = (parameter.paramdesc.wParamFlags & PARAMFLAG_FOPT) != 0;
+            const bool byReference = parameter.tdesc.vt == VT_PTR;
+            if (i > 0) written += L", ";
+            if (optional) written += L'[';
+            if (byReference) written += L'&';
+            written += typeName(byReference ? *parameter.tdesc.lptdesc : parameter.tdesc) + L' ' +
+                       Text(names[i + 1].view());
+            if (parameter.paramdesc.wParamFlags & PARAMFLAG_FHASDEFAULT) {
+                const VARIANT& value = parameter.paramdesc.pparamdescex->varDefaultValue;
+                written += L'=' + std::to_wstring(value.vt == VT_BOOL ? value.boolVal : value.lVal);
+            }
+            if (optional) written += L']';
+        }
+        EXPECT_EQ(rows[id - 0x60030000], written + L')');
+        description->ReleaseFuncDesc(function);
+    }
+}
+
 TEST_F(Fichier, backslashesAtTheEnd) {
     EXPECT_EQ(L"C:\\Data\\", textOf(L"NormalisePath", {text(L"C:\\Data")}));
     EXPECT_EQ(L"C:\\Data\\", textOf(L"NormalisePath", {text(L"C:\\Data\\")}));
@@ -385,6 +442,9 @@ TEST_F(Fichier, sizesAreWrittenAsTheUserWritesNumbers) {
         {1025, L"1, Ko", L"1,00 Ko   (1 025 octets)"},
         {1234.5, L"1,21 Ko", L"1,21 Ko   (1 235 octets)"},
         {0.25, L"0,25 octet(s)", L"0,25 octet(s)"},
+        {5e-324, L"0, octet(s)", L"0,00 octet(s)"},
+        {0.00005, L"0, octet(s)", L"0,00 octet(s)"},
+        {0.00001234567890123456, L"0, octet(s)", L"0,00 octet(s)"},
         {-1234.5, L"-1234,5 octet(s)", L"-1\u00A0234,50 octet(s)"},
         {1.5 * G, L"1,5 Go", L"1,50 Go   (1 610 612 736 octets)"},
         {1500.25 * T, L"1500,25 To", L"1\u00A0500,25 To   (1 649 542 319 570 944 octets)"},
@@ -394,6 +454,9 @@ TEST_F(Fichier, sizesAreWrittenAsTheUserWritesNumbers) {
         {1025, L"1. Ko", L"1.00 Ko   (1 025 octets)"},
         {1234.5, L"1.21 Ko", L"1.21 Ko   (1 235 octets)"},
         {0.25, L"0.25 octet(s)", L"0.25 octet(s)"},
+        {5e-324, L"0. octet(s)", L"0.00 octet(s)"},
+        {0.00005, L"0. octet(s)", L"0.00 octet(s)"},
+        {0.00001234567890123456, L"0. octet(s)", L"0.00 octet(s)"},
         {-1234.5, L"-1234.5 octet(s)", L"-1,234.50 octet(s)"},
         {1.5 * G, L"1.5 Go", L"1.50 Go   (1 610 612 736 octets)"},
         {1500.25 * T, L"1500.25 To", L"1,500.25 To   (1 649 542 319 570 944 octets)"},
@@ -445,6 +508,18 @@ TEST_F(Fichier, sizesOfFiles) {
     EXPECT_EQ(L"", textOf(L"FileSize", {text(temporary.path() + L"\\")}));
     for (const auto& path : refusedPaths(temporary))
         EXPECT_EQ(L"", textOf(L"FileSize", {text(path)})) << narrow(path);
+}
+
+// What a host cut out of a buffer that a system call had filled.
+TEST_F(Fichier, pathsEndAtTheirFirstNul) {
+    const TemporaryFolder temporary;
+    const auto file = temporary.file(L"fichier", "abc") + std::wstring(L"\0reste", 6);
+    expectResult(call(L"FileExist", {text(file)}), true);
+    EXPECT_EQ(L"abc", textOf(L"LectDat", {text(file)}));
+    EXPECT_EQ(L"3 octet(s)", textOf(L"FileSize", {text(file)}));
+    // Rules on the text alone see all of it.
+    EXPECT_EQ(file + L"\\", textOf(L"NormalisePath", {text(file)}));
+    EXPECT_EQ(std::wstring(L"fichier\0reste", 13), textOf(L"ExtraitChemin", {text(file), long32(2)}));
 }
 
 TEST_F(Fichier, nothingIsLeftBehind) {
