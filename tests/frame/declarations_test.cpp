@@ -116,20 +116,24 @@ TEST(Declarations, temporaryNamesNameNoFile) {
     EXPECT_EQ(folder + L"\\é", CheminTemporaire(L"é", none).substr(0, folder.size() + 2));
 }
 
+struct Removal {
+    std::wstring file, folder;
+};
+
+// Once some names have been drawn.
+DWORD WINAPI removeLater(void* given) {
+    const auto& removal = *static_cast<Removal*>(given);
+    while (filesIn(removal.folder) < 3) Sleep(1);
+    return DeleteFileW(removal.file.c_str()) ? 0 : GetLastError();
+}
+
 // The extension leads every name to one file, which goes away while names are being drawn.
 TEST(Declarations, takenTemporaryNamesAreDrawnAgain) {
     const TemporaryFolder temporary;
     const auto folder = temporary.folder(L"noms");
-    struct Removal {
-        std::wstring file, folder;
-    } removal{temporary.file(L"pris"), folder};
+    Removal removal{temporary.file(L"pris"), folder};
     const TemporaryFilesIn there(folder.c_str());
-    const auto removeLater = [](void* given) -> DWORD {
-        const auto& work = *static_cast<Removal*>(given);
-        while (filesIn(work.folder) < 3) Sleep(1);
-        return DeleteFileW(work.file.c_str()) ? 0 : GetLastError();
-    };
-    const HANDLE thread = CreateThread(nullptr, 0, removeLater, &removal, 0, nullptr);
+    const HANDLE thread = CreateThread(nullptr, 0, &removeLater, &removal, 0, nullptr);
     Text extension = L".\\..\\..\\pris";
     const auto name = CheminTemporaire(L"abc", extension);
     WaitForSingleObject(thread, INFINITE);
