@@ -39,7 +39,7 @@ std::string contentOf(TextView path) {
     while (length < content.size()) {
         DWORD count = 0;
         checkFile(ReadFile(file.get(), content.data() + length, static_cast<DWORD>(content.size() - length),
-                            &count, nullptr));
+                           &count, nullptr));
         if (count == 0) break;
         length += count;
     }

@@ -1,9 +1,10 @@
 // VorlaFichier with real files and folders: what Windows answers, what reaches the caller when it refuses,
 // and numbers as the user's settings write them. What the rules alone decide is tested with them.
-#include <cmath>
+#include <algorithm>
 #include <limits>
 
 #include "contract/component.h"
+#include "support/import_patch.h"
 #include "support/memory_count.h"
 #include "support/temporary_folder.h"
 
@@ -339,6 +340,18 @@ TEST_F(Fichier, longNamesAreAsStored) {
     SysFreeString(typed);
 }
 
+// The directory listing takes patterns; a name that the code page lacks becomes one.
+TEST_F(Fichier, aPatternStandsForTheNameThatItFinds) {
+    const TemporaryFolder temporary;
+    const auto file = temporary.file(L"seul.txt");
+    EXPECT_EQ(file, textOf(L"FileNameShortToLong", {text(temporary.path(L"s*.t?t"))}));
+    EXPECT_EQ(L"", textOf(L"FileNameShortToLong", {text(temporary.path(L"t*"))}));
+    // A question mark in the code page, and no pattern to GetFileAttributesA.
+    const auto foreign = temporary.file(L"\u6F22\u5B57");
+    expectResult(call(L"FileExist", {text(foreign)}), false);
+    EXPECT_EQ(L"", textOf(L"LectDat", {text(foreign)}));
+}
+
 TEST_F(Fichier, theBackslashStaysBehindWhatHasNoLongName) {
     const TemporaryFolder temporary;
     auto paths = refusedPaths(temporary);
@@ -520,6 +533,109 @@ TEST_F(Fichier, pathsEndAtTheirFirstNul) {
     // Rules on the text alone see all of it.
     EXPECT_EQ(file + L"\\", textOf(L"NormalisePath", {text(file)}));
     EXPECT_EQ(std::wstring(L"fichier\0reste", 13), textOf(L"ExtraitChemin", {text(file), long32(2)}));
+}
+
+TEST_F(Fichier, contentIsReadToItsEnd) {
+    const TemporaryFolder temporary;
+    const auto file = temporary.file(L"fichier", "abcde");
+    Intercept<decltype(ReadFile)> reading(component.module(), "kernel32.dll", "ReadFile");
+    // Two bytes at a time.
+    reading.answer([&](HANDLE handle, void* bytes, DWORD, DWORD* count, OVERLAPPED* overlapped) {
+        return reading.callOriginal(handle, bytes, 2, count, overlapped);
+    });
+    EXPECT_EQ(L"abcde", textOf(L"LectDat", {text(file)}));
+    EXPECT_EQ(3, reading.calls());
+    for (const int call : {1, 2, 3}) {
+        reading.failCall(call, FALSE);
+        EXPECT_EQ(L"", textOf(L"LectDat", {text(file)})) << call;
+    }
+    // Somebody cuts the file behind its second byte.
+    reading.answer([&](HANDLE handle, void* bytes, DWORD wanted, DWORD* count, OVERLAPPED* overlapped) {
+        const DWORD left = wanted > 3 ? wanted - 3 : 0;
+        return reading.callOriginal(handle, bytes, left, count, overlapped);
+    });
+    EXPECT_EQ(L"ab", textOf(L"LectDat", {text(file)}));
+}
+
+TEST_F(Fichier, refusalsOfTheSystemGiveNothing) {
+    const TemporaryFolder temporary;
+    const auto file = temporary.file(L"fichier", "abc");
+    const HMODULE module = component.module();
+    {
+        Intercept<decltype(GetFileSizeEx)> size(module, "kernel32.dll", "GetFileSizeEx");
+        size.failCall(1, FALSE);
+        EXPECT_EQ(L"", textOf(L"LectDat", {text(file)}));
+    }
+    {
+        Intercept<decltype(MultiByteToWideChar)> widening(module, "kernel32.dll", "MultiByteToWideChar");
+        for (const int call : {1, 2}) {
+            widening.failCall(call, 0);
+            EXPECT_EQ(L"", textOf(L"LectDat", {text(file)})) << call;
+        }
+    }
+    {
+        Intercept<decltype(GetFileAttributesExA)> attributes(module, "kernel32.dll", "GetFileAttributesExA");
+        attributes.failCall(1, FALSE);
+        EXPECT_EQ(L"", textOf(L"FileSize", {text(file)}));
+    }
+    {
+        Intercept<decltype(GetFileAttributesA)> attributes(module, "kernel32.dll", "GetFileAttributesA");
+        attributes.failCall(1, INVALID_FILE_ATTRIBUTES, ERROR_NOT_READY);
+        expectResult(call(L"FileExist", {text(file)}), false);
+        attributes.failCall(1, INVALID_FILE_ATTRIBUTES, ERROR_NOT_READY);
+        EXPECT_EQ(temporary.path().substr(0, temporary.path().rfind(L'\\') + 1),
+                  textOf(L"ExtraitChemin", {text(temporary.path())}));
+    }
+    {
+        Intercept<decltype(WideCharToMultiByte)> narrowing(module, "kernel32.dll", "WideCharToMultiByte");
+        for (const wchar_t* name :
+             {L"FileNameShortToLong", L"FileNameLongToShort", L"LectDat", L"FileSize"}) {
+            narrowing.failCall(1, 0);
+            EXPECT_EQ(L"", textOf(name, {text(file)})) << narrow(name);
+        }
+        narrowing.failCall(1, 0);
+        expectResult(call(L"FileExist", {text(file)}), false);
+    }
+    Intercept<decltype(VarFormat)> format(module, "oleaut32.dll", "VarFormat");
+    // The number, then the exact one.
+    for (const int call : {1, 2}) {
+        format.failCall(call, E_OUTOFMEMORY);
+        EXPECT_EQ(L"", textOf(L"SizeToString", {1536.0})) << call;
+        format.failCall(call, DISP_E_OVERFLOW);
+        EXPECT_EQ(L"", textOf(L"SizeToString", {1536.0})) << call;
+    }
+}
+
+TEST_F(Fichier, everyNameOfALongPathIsLookedUpOnce) {
+    const TemporaryFolder temporary;
+    temporary.folder(L"a");
+    const auto file = temporary.file(L"a\\b.txt");
+    Intercept<decltype(FindFirstFileA)> search(component.module(), "kernel32.dll", "FindFirstFileA");
+    Intercept<decltype(FindClose)> close(component.module(), "kernel32.dll", "FindClose");
+    const auto names = static_cast<int>(std::count(file.begin(), file.end(), L'\\'));
+    EXPECT_EQ(file, textOf(L"FileNameShortToLong", {text(file)}));
+    EXPECT_EQ(names, search.calls());
+    EXPECT_EQ(names, close.calls());
+    for (int n = 1; n <= names; ++n) {
+        const int searched = search.calls(), closed = close.calls();
+        search.failCall(n, INVALID_HANDLE_VALUE, ERROR_ACCESS_DENIED);
+        Variant variable{TextView(file)};
+        expectResult(call(L"FileNameShortToLong", {byReference(variable)}), text(L""));
+        EXPECT_EQ(describe(text(file + L"\\").raw()), describe(variable.raw()));
+        EXPECT_EQ(n, search.calls() - searched);
+        EXPECT_EQ(n - 1, close.calls() - closed);
+    }
+}
+
+TEST_F(Fichier, theDiskIsAskedOnlyWhenItMatters) {
+    Intercept<decltype(GetFileAttributesA)> attributes(component.module(), "kernel32.dll",
+                                                       "GetFileAttributesA");
+    constexpr int questions[] = {1, 1, 1, 1, 1, 0, 0, 0};
+    for (int part = 1; part <= 8; ++part) {
+        const int before = attributes.calls();
+        textOf(L"ExtraitChemin", {text(L"C:\\a\\b.c"), long32(part)});
+        EXPECT_EQ(questions[part - 1], attributes.calls() - before) << part;
+    }
 }
 
 TEST_F(Fichier, nothingIsLeftBehind) {
