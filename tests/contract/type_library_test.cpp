@@ -137,6 +137,13 @@ TEST_F(TypeLibrary, membersOfVorlaChaine) {
     HREFTYPE reference;
     ASSERT_EQ(S_OK, dispatch->GetRefTypeOfImplType(static_cast<UINT>(-1), &reference));
     ASSERT_EQ(S_OK, dispatch->GetRefTypeInfo(reference, vtable.put()));
+    TYPEATTR* attributes;
+    ASSERT_EQ(S_OK, vtable->GetTypeAttr(&attributes));
+    EXPECT_EQ(TKIND_INTERFACE, attributes->typekind);
+    EXPECT_TRUE(attributes->wTypeFlags & TYPEFLAG_FOLEAUTOMATION);
+    EXPECT_TRUE(attributes->wTypeFlags & TYPEFLAG_FNONEXTENSIBLE);
+    EXPECT_EQ(std::size(rows), attributes->cFuncs);
+    vtable->ReleaseTypeAttr(attributes);
     UINT index = 0;
     for (const Row& row : rows) {
         FUNCDESC* function;

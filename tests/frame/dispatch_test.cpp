@@ -248,6 +248,19 @@ TEST_F(SpecimenTest, objectsAndNothing) {
     EXPECT_EQ(0, host.references());
 }
 
+TEST_F(SpecimenTest, anObjectWhoseLastReferenceWasTakenIsNothing) {
+    Variant variable;
+    {
+        const Dispatch other(reinterpret_cast<IDispatch*>(publication.create(publication)));
+        variable = vorla::test::object(other.get());
+    }
+    EXPECT_EQ(S_OK, call(L"ObjetRef", {byReference(variable)}).code);
+    EXPECT_EQ(nullptr, variable.raw().pdispVal);
+    expectResult(call(L"Objet", {byReference(variable)}), nothing());
+    EXPECT_TRUE(FAILED(call(L"Chaîne", {byReference(variable)}).code));
+    EXPECT_EQ(S_OK, call(L"ObjetRef", {byReference(variable)}).code);
+}
+
 TEST_F(SpecimenTest, picturesAndFonts) {
     PICTDESC none{};
     none.cbSizeofstruct = sizeof none;
