@@ -88,7 +88,7 @@ struct Publication : ClassEntry {
     std::span<const Member> members;  // in declaration order, which is the vtable's
     std::span<const Parameter> parameters;
     std::span<const std::uint8_t> byName;        // open addressing by folded name; 0 is free, else index + 1
-    std::span<const std::uint8_t> byIdentifier;  // indexes of members in the order of their identifiers
+    std::span<const std::uint8_t> byIdentifier;  // the same by identifier
     const void* const* vtable;
     Instance* (*create)(const Publication&);
     void (*destroy)(Instance*);
@@ -129,14 +129,29 @@ constexpr wchar_t folded(wchar_t character) {
 constexpr bool sameName(TextView one, TextView other) {
     if (one.size() != other.size()) return false;
     for (std::size_t i = 0; i < one.size(); ++i)
-        if (folded(one[i]) != folded(other[i])) return false;
+        if (one[i] != other[i] && folded(one[i]) != folded(other[i])) return false;
     return true;
+}
+
+// Identifiers count from the same 0 in each kind of member.
+constexpr std::uint32_t identifierHash(DISPID id) {
+    return (static_cast<std::uint32_t>(id) * 2654435769u) >> 16;
 }
 
 constexpr std::uint32_t nameHash(TextView name) {
     std::uint32_t hash = 2166136261u;
     for (const wchar_t character : name) hash = (hash ^ folded(character)) * 16777619u;
     return hash ^ (hash >> 15);
+}
+
+inline const Member* Publication::find(DISPID id, WORD flags) const {
+    if (byIdentifier.empty()) return nullptr;
+    const auto mask = byIdentifier.size() - 1;
+    for (auto place = identifierHash(id) & mask; byIdentifier[place] != 0; place = (place + 1) & mask) {
+        const Member& member = members[byIdentifier[place] - 1u];
+        if (member.id == id && member.answers(flags)) return &member;
+    }
+    return nullptr;
 }
 
 }  // namespace vorla

@@ -13,7 +13,6 @@
 // public fields take 0x40030000 plus their ordinal.
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstring>
@@ -309,7 +308,7 @@ public:
                 members_,
                 parameters_,
                 byName_,
-                std::span(byIdentifier_).first(visible_),
+                byIdentifier_,
                 vtable,
                 &InstanceOf<Class>::create,
                 &InstanceOf<Class>::destroy};
@@ -388,15 +387,14 @@ private:
         }
     }
 
+    // The accessors of a property keep their order.
     constexpr void indexIdentifiers() {
-        for (std::size_t i = 0; i < count; ++i)
-            if (members_[i].kind != MemberKind::reserved)
-                byIdentifier_[visible_++] = static_cast<std::uint8_t>(i);
-        std::sort(byIdentifier_.begin(), byIdentifier_.begin() + visible_,
-                  [this](std::uint8_t one, std::uint8_t other) {
-                      return members_[one].id != members_[other].id ? members_[one].id < members_[other].id
-                                                                    : one < other;
-                  });
+        for (std::size_t i = 0; i < count; ++i) {
+            if (members_[i].kind == MemberKind::reserved) continue;
+            auto place = identifierHash(members_[i].id) & (byIdentifier_.size() - 1);
+            while (byIdentifier_[place] != 0) place = (place + 1) & (byIdentifier_.size() - 1);
+            byIdentifier_[place] = static_cast<std::uint8_t>(i + 1);
+        }
     }
 
     static inline const void* const vtable[] = {
@@ -414,10 +412,9 @@ private:
     std::array<Member, count> members_{};
     std::array<Parameter, parameterCount> parameters_{};
     std::array<std::uint8_t, std::bit_ceil(2 * count + 1)> byName_{};
-    std::array<std::uint8_t, count> byIdentifier_{};
+    std::array<std::uint8_t, std::bit_ceil(2 * count + 1)> byIdentifier_{};
     std::size_t filled_ = 0;
     std::size_t filledParameters_ = 0;
-    std::size_t visible_ = 0;
     std::size_t methodCount_ = 0;
     std::size_t propertyCount_ = 0;
     std::size_t fieldCount_ = 0;
