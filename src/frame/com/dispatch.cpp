@@ -121,6 +121,52 @@ HRESULT explain(HRESULT failure, EXCEPINFO* exception) {
     return DISP_E_EXCEPTION;
 }
 
+HRESULT callForRecord(Instance* object, const Publication& publication, const Member& member,
+                      VARIANT* arguments, VARIANT& result) {
+    ComPointer<ITypeInfo> description;
+    ComPointer<IRecordInfo> record;
+    auto answer = publication.library.describe(identifier(member.result.number), description.put());
+    if (SUCCEEDED(answer)) answer = GetRecordInfoFromTypeInfo(description.get(), record.put());
+    if (FAILED(answer)) return answer;
+    void* const made = record->RecordCreate();
+    if (!made) return E_OUTOFMEMORY;
+    answer = member.invoke(object, arguments, made);
+    if (FAILED(answer)) {
+        record->RecordDestroy(made);
+        return answer;
+    }
+    result.vt = VT_RECORD;
+    result.pvRecord = made;
+    result.pRecInfo = record.release();
+    return answer;
+}
+
+HRESULT callSlot(Instance* object, const Publication& publication, const Member& member, VARIANT* arguments,
+                 VARIANT& result) {
+    switch (const auto type = member.result.type; type) {
+        case VT_VARIANT: return member.invoke(object, arguments, &result);
+        case VT_VOID: return member.invoke(object, arguments, nullptr);
+        case VT_RECORD: return callForRecord(object, publication, member, arguments, result);
+        default: {
+            const auto answer = member.invoke(object, arguments, &result.byref);
+            if (SUCCEEDED(answer)) result.vt = type;
+            return answer;
+        }
+    }
+}
+
+// Whether each argument already is what the slot takes, so that the caller's own array serves.
+bool fitsAsItIs(std::span<const Parameter> parameters, const DISPPARAMS& given) {
+    if (given.cNamedArgs != 0 || given.cArgs != parameters.size() || !given.rgvarg) return false;
+    const VARIANT* argument = given.rgvarg + given.cArgs;
+    for (const Parameter& parameter : parameters) {
+        --argument;
+        if (argument->vt != parameter.exactType) return false;
+        if ((argument->vt & VT_BYREF) && !argument->byref) return false;
+    }
+    return true;
+}
+
 // One call of one member. An argument that does not have the type that the slot takes is converted into
 // a cell.
 class Call {
@@ -150,8 +196,6 @@ private:
     HRESULT fill(VARIANT& passed, VARIANT* source, const Parameter& parameter) noexcept;
     HRESULT fillRecord(VARIANT& passed, const Parameter& parameter, VARIANT& source) noexcept;
     HRESULT convert(VARIANT& value, const Parameter& parameter, const VARIANT& source) noexcept;
-    HRESULT callSlot(VARIANT& result) noexcept;
-    HRESULT callForRecord(VARIANT& result) noexcept;
     HRESULT writeBack() noexcept;
     UINT indexOf(const VARIANT* argument) const { return static_cast<UINT>(argument - given_.rgvarg); }
 
@@ -165,7 +209,7 @@ private:
     std::size_t cellCount_ = 0;
     // Only what the call needs of these is ever written.
     VARIANT* sources_[parameterLimit];  // the caller's argument for each parameter; null when left out
-    VARIANT passed_[parameterLimit];    // what the slot gets, in the payload
+    VARIANT passed_[parameterLimit];    // what the slot gets, in the payload, the last one first
     Cell cells_[parameterLimit];
 };
 
@@ -177,14 +221,14 @@ Call::~Call() {
 HRESULT Call::run(VARIANT& result, EXCEPINFO* exception, UINT* badArgument) noexcept {
     auto answer = assignSources();
     for (std::size_t i = 0; SUCCEEDED(answer) && i < parameters_.size(); ++i) {
-        answer = fill(passed_[i], sources_[i], parameters_[i]);
+        answer = fill(passed_[parameters_.size() - 1 - i], sources_[i], parameters_[i]);
         if (FAILED(answer) && sources_[i]) badArgument_ = indexOf(sources_[i]);
     }
     if (FAILED(answer)) {
         if (badArgument) *badArgument = badArgument_;
         return answer;
     }
-    answer = callSlot(result);
+    answer = callSlot(object_, publication_, member_, passed_, result);
     const auto written = writeBack();
     if (FAILED(answer)) return explain(answer, exception);
     if (FAILED(written)) {
@@ -273,38 +317,6 @@ HRESULT Call::convert(VARIANT& value, const Parameter& parameter, const VARIANT&
     return type == VT_DISPATCH ? checkObject(parameter.type.described, value.pdispVal) : S_OK;
 }
 
-HRESULT Call::callSlot(VARIANT& result) noexcept {
-    switch (const auto type = member_.result.type; type) {
-        case VT_VARIANT: return member_.invoke(object_, passed_, &result);
-        case VT_VOID: return member_.invoke(object_, passed_, nullptr);
-        case VT_RECORD: return callForRecord(result);
-        default: {
-            const auto answer = member_.invoke(object_, passed_, &result.byref);
-            if (SUCCEEDED(answer)) result.vt = type;
-            return answer;
-        }
-    }
-}
-
-HRESULT Call::callForRecord(VARIANT& result) noexcept {
-    ComPointer<ITypeInfo> description;
-    ComPointer<IRecordInfo> record;
-    auto answer = publication_.library.describe(identifier(member_.result.number), description.put());
-    if (SUCCEEDED(answer)) answer = GetRecordInfoFromTypeInfo(description.get(), record.put());
-    if (FAILED(answer)) return answer;
-    void* const made = record->RecordCreate();
-    if (!made) return E_OUTOFMEMORY;
-    answer = member_.invoke(object_, passed_, made);
-    if (FAILED(answer)) {
-        record->RecordDestroy(made);
-        return answer;
-    }
-    result.vt = VT_RECORD;
-    result.pvRecord = made;
-    result.pRecInfo = record.release();
-    return answer;
-}
-
 HRESULT Call::writeBack() noexcept {
     HRESULT answer = S_OK;
     for (std::size_t i = 0; i < cellCount_; ++i) {
@@ -327,11 +339,21 @@ HRESULT Call::writeBack() noexcept {
     return answer;
 }
 
+// Apart from the straight call, which would otherwise pay for this one's large frame.
+[[gnu::noinline]] HRESULT convertAndCall(Instance* object, const Publication& publication,
+                                         const Member& member, const DISPPARAMS& given, LCID locale,
+                                         VARIANT& result, EXCEPINFO* exception, UINT* badArgument) {
+    return Call(object, publication, member, given, locale).run(result, exception, badArgument);
+}
+
 }  // namespace
 
 HRESULT call(Instance* object, const Publication& publication, const Member& member, const DISPPARAMS& given,
              LCID locale, VARIANT& result, EXCEPINFO* exception, UINT* badArgument) noexcept {
-    return Call(object, publication, member, given, locale).run(result, exception, badArgument);
+    if (!fitsAsItIs(publication.parametersOf(member), given))
+        return convertAndCall(object, publication, member, given, locale, result, exception, badArgument);
+    const auto answer = callSlot(object, publication, member, given.rgvarg, result);
+    return FAILED(answer) ? explain(answer, exception) : answer;
 }
 
 }  // namespace vorla::dispatch

@@ -22,9 +22,14 @@ struct Default {
     const wchar_t* text = L"";
 };
 
+/// No variant is of this type.
+constexpr VARTYPE noType = 0xFFFF;
+
 struct Parameter {
     const wchar_t* name = nullptr;
     TypeUse type;
+    // The type of an argument that can be handed to the slot as it is; noType where one must be looked at.
+    VARTYPE exactType = noType;
     bool optional = false;
     Default whenMissing;
 };
@@ -43,7 +48,8 @@ enum class MemberKind : std::uint8_t {
 constexpr std::size_t parameterLimit = 16;
 
 /// Calls a member's slot with arguments that already have the slot's types: each in the payload of its
-/// variant, a by-value variant as the variant itself. `result` is where the slot's result goes.
+/// variant, a by-value variant as the variant itself, the last one first, as hosts lay them. `result` is
+/// where the slot's result goes.
 using Invoker = HRESULT (*)(Instance*, VARIANT* arguments, void* result);
 
 struct Member {

@@ -205,7 +205,7 @@ struct Slot<Procedure, TypeList<P...>, Result> {
 
     static HRESULT invoke(Instance* self, [[maybe_unused]] VARIANT* arguments, void* result) {
         return [&]<std::size_t... i>(std::index_sequence<i...>) {
-            return call(self, rawArgument<typename Crossing<P>::Raw>(arguments[i])...,
+            return call(self, rawArgument<typename Crossing<P>::Raw>(arguments[sizeof...(P) - 1 - i])...,
                         static_cast<typename Crossing<Result>::Raw*>(result));
         }
         (std::index_sequence_for<P...>());
@@ -231,7 +231,7 @@ struct Slot<Procedure, TypeList<P...>, void> {
 
     static HRESULT invoke(Instance* self, [[maybe_unused]] VARIANT* arguments, void*) {
         return [&]<std::size_t... i>(std::index_sequence<i...>) {
-            return call(self, rawArgument<typename Crossing<P>::Raw>(arguments[i])...);
+            return call(self, rawArgument<typename Crossing<P>::Raw>(arguments[sizeof...(P) - 1 - i])...);
         }
         (std::index_sequence_for<P...>());
     }
@@ -347,6 +347,7 @@ private:
         for (std::size_t i = 0; i < types.size(); ++i) {
             Parameter& parameter = parameters_[filledParameters_++];
             parameter.type = types[i];
+            parameter.exactType = exactType(types[i]);
             if (i >= row.parameters.size()) continue;  // the new value of a property
             parameter.name = row.parameters[i].name;
             parameter.optional = row.parameters[i].optional;
@@ -354,6 +355,12 @@ private:
             if (optionalBefore && !parameter.optional) throw "a required parameter follows an optional one";
             optionalBefore = parameter.optional;
         }
+    }
+
+    static constexpr VARTYPE exactType(TypeUse use) {
+        const bool plain = use.described == Described::no || use.described == Described::enumeration;
+        if (!plain) return noType;
+        return static_cast<VARTYPE>(use.byReference ? use.type | VT_BYREF : use.type);
     }
 
     // The accessors of one property share an identifier. Properties are first counted upward.
