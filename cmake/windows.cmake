@@ -76,6 +76,8 @@ set_target_properties(Vorla6 PROPERTIES PREFIX "" RUNTIME_OUTPUT_DIRECTORY ${CMA
 target_link_options(Vorla6 PRIVATE
     -s -Wl,--enable-stdcall-fixup,--no-insert-timestamp,--disable-auto-image-base)
 
+add_subdirectory(bench)
+
 # GoogleTest's package holds its sources; the cross compilers need it built for them.
 set(googletest /usr/src/googletest/googletest)
 add_library(gtest STATIC EXCLUDE_FROM_ALL ${googletest}/src/gtest-all.cc)

@@ -104,13 +104,9 @@ Text withCase(TextView text, DWORD mapping) {
 
 }  // namespace
 
-ValueText::ValueText(VariantView value) {
-    if (value.type() == VT_BSTR) {
-        view_ = viewOf(value.raw().bstrVal);
-        return;
-    }
+TextView ValueText::write(const VariantView& value) {
     written_ = written(value, LOCALE_USER_DEFAULT, asHostsJoin);
-    view_ = written_.view();
+    return written_.view();
 }
 
 Bstr numberToInvariantText(VariantView number) {

@@ -33,11 +33,14 @@ void check(HRESULT result);
 /// property.
 class ValueText {
 public:
-    explicit ValueText(VariantView value);
+    explicit ValueText(const VariantView& value)
+        : view_(value.type() == VT_BSTR ? viewOf(value.raw().bstrVal) : write(value)) {}
 
     TextView view() const { return view_; }
 
 private:
+    TextView write(const VariantView& value);
+
     Bstr written_;
     TextView view_;
 };
