@@ -15,9 +15,18 @@ add_library(vorla_frame OBJECT
     src/frame/com/registration.cpp
     src/frame/declarations/comparison.cpp
     src/frame/declarations/files.cpp
+    src/frame/declarations/host_queries.cpp
+    src/frame/declarations/profile.cpp
+    src/frame/declarations/system_queries.cpp
+    src/frame/declarations/waiting.cpp
+    src/frame/host/bound_object.cpp
+    src/frame/host/globals.cpp
+    src/frame/host/host_items.cpp
     src/frame/host/message_box.cpp
+    src/frame/host/object_kinds.cpp
     src/frame/values/ansi.cpp
     src/frame/values/conversions.cpp
+    src/frame/values/invocation.cpp
     src/frame/values/variant.cpp)
 target_link_libraries(vorla_frame PUBLIC vorla_rules ole32 oleaut32 uuid)
 

@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "frame/values/runtime_error.h"
 #include "frame/values/unique_handle.h"
 #include "frame/values/variant.h"
 
@@ -67,6 +68,17 @@ void expectResult(const Outcome& outcome, const Variant& expected, const std::st
 
 /// Expects the exception of a run-time error.
 void expectError(const Outcome& outcome, int number, const std::string& what = {});
+
+/// The number of the run-time error that ends the work; 0 when none does.
+template <class Work>
+int errorOf(Work&& work) {
+    try {
+        work();
+        return 0;
+    } catch (const RuntimeError& error) {
+        return static_cast<int>(error.number());
+    }
+}
 
 /// Whether the user's settings are French; each suite runs under French and under English ones.
 bool isFrench();

@@ -1,56 +1,155 @@
-// A host object for tests: answers Invoke for whatever identifier it is asked and records what it saw.
+// A host object for tests: a script of properties, methods and items, and a log of every name used on it.
 #pragma once
 
+#include <ocidl.h>
 #include <windows.h>
 
+#include <functional>
+#include <map>
+#include <string>
+#include <utility>
 #include <vector>
 
+#include "frame/values/unique_handle.h"
 #include "frame/values/variant.h"
 
 namespace vorla::test {
 
 /// Lives on the test's stack: references are counted but never delete it. `references()` must be back to
 /// 0 when the test ends.
+///
+/// The log has one line for each call from outside, in order: "lookup Text", "get Text", "put Text",
+/// "putref Font", "call Refresh", "next" for an item of an enumerator. Reading a property as hosts do (as
+/// a property or a function) is a "get"; the default member is called "(default)", the enumerator
+/// "(enumerator)".
 class ScriptedObject : public IDispatch {
 public:
-    /// The value of the default property; without one the object has none.
+    /// What a call brings, in the order in which the caller wrote it. Arguments by reference can be stored.
+    class Call {
+    public:
+        Call(DISPPARAMS& parameters, WORD kind, LCID locale)
+            : parameters_(parameters), kind_(kind), locale_(locale) {}
+
+        std::size_t count() const { return parameters_.cArgs; }
+        VariantView argument(std::size_t index) const { return raw(index); }
+        bool isByReference(std::size_t index) const { return (raw(index).vt & VT_BYREF) != 0; }
+        void store(std::size_t index, Variant value) const;
+        WORD kind() const { return kind_; }
+        LCID locale() const { return locale_; }
+
+    private:
+        VARIANT& raw(std::size_t index) const { return parameters_.rgvarg[parameters_.cArgs - 1 - index]; }
+
+        DISPPARAMS& parameters_;
+        WORD kind_;
+        LCID locale_;
+    };
+
+    using Method = std::function<Variant(const Call&)>;
+
+    /// How a collection lets its items be walked.
+    enum class Walk { byEnumerator, byCountAndItem, byCountAndDefault };
+
     ScriptedObject() = default;
-    explicit ScriptedObject(Variant defaultValue)
-        : defaultValue_(std::move(defaultValue)), hasDefault_(true) {}
+    /// With a default property that cannot be written.
+    explicit ScriptedObject(Variant defaultValue);
+    ScriptedObject(const ScriptedObject&) = delete;
+    ScriptedObject& operator=(const ScriptedObject&) = delete;
     virtual ~ScriptedObject() = default;
+
+    /// A property that can be read and written, by reference too.
+    ScriptedObject& property(const wchar_t* name, Variant value = {});
+    ScriptedObject& readOnly(const wchar_t* name, Variant value);
+    /// A property with one index, from 0. Another index is error 381, as controls answer.
+    ScriptedObject& indexed(const wchar_t* name, std::vector<Variant> values);
+    ScriptedObject& method(const wchar_t* name, Method body);
+    /// This name's member is the default one too.
+    ScriptedObject& defaultMember(const wchar_t* name);
+    ScriptedObject& items(std::vector<Variant> values, Walk walk);
+
+    /// The name of the class, told through IProvideClassInfo, or of the interface, through GetTypeInfo.
+    ScriptedObject& className(const wchar_t* name);
+    ScriptedObject& interfaceName(const wchar_t* name);
+
+    /// The `number`-th call of Invoke or of an enumerator from now (1 is the next) fails with this code.
+    /// Codes 0x800Axxxx come as an exception's `scode`.
+    ScriptedObject& failCall(int number, HRESULT code);
+    /// The same with an exception whose `wCode` is the error's number.
+    ScriptedObject& failCallWithNumber(int number, WORD errorNumber);
+    /// The same, but the exception is filled in only when the caller asks for it.
+    ScriptedObject& failCallDeferred(int number, WORD errorNumber);
+
+    /// What a property holds.
+    Variant& value(const wchar_t* name);
+    Variant& value(const wchar_t* name, std::size_t index);
+
+    const std::vector<std::wstring>& log() const { return log_; }
+    void clearLog() { log_.clear(); }
+    /// How many lines begin with this.
+    std::size_t logged(const std::wstring& beginning) const;
 
     long references() const { return references_; }
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
-        *object = nullptr;
-        if (id != IID_IUnknown && id != IID_IDispatch) return E_NOINTERFACE;
-        *object = static_cast<IDispatch*>(this);
-        AddRef();
-        return S_OK;
-    }
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
     ULONG STDMETHODCALLTYPE AddRef() override { return static_cast<ULONG>(++references_); }
     ULONG STDMETHODCALLTYPE Release() override { return static_cast<ULONG>(--references_); }
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
-        *count = 0;
-        return S_OK;
-    }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return DISP_E_BADINDEX; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
-        return DISP_E_UNKNOWNNAME;
-    }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
-                                     UINT*) override {
-        if (id != DISPID_VALUE || !hasDefault_) return DISP_E_MEMBERNOTFOUND;
-        if (result) {
-            Variant copy(defaultValue_);
-            *result = copy.detach();
-        }
-        return S_OK;
-    }
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID locale, ITypeInfo** type) override;
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID locale,
+                                            DISPID* ids) override;
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID locale, WORD kind, DISPPARAMS* parameters,
+                                     VARIANT* result, EXCEPINFO* exception, UINT* badArgument) override;
 
 private:
-    Variant defaultValue_;
-    bool hasDefault_ = false;
+    class Enumerator;
+
+    // Tells the class; a part of this object.
+    class ClassInfo final : public IProvideClassInfo {
+    public:
+        explicit ClassInfo(ScriptedObject& owner) : owner_(owner) {}
+        HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
+            return owner_.QueryInterface(id, object);
+        }
+        ULONG STDMETHODCALLTYPE AddRef() override { return owner_.AddRef(); }
+        ULONG STDMETHODCALLTYPE Release() override { return owner_.Release(); }
+        HRESULT STDMETHODCALLTYPE GetClassInfo(ITypeInfo** type) override;
+
+    private:
+        ScriptedObject& owner_;
+    };
+
+    struct Member {
+        std::wstring name;
+        std::vector<Variant> values;  // one for a property, one for each index of an indexed one
+        Method body;                  // of a method
+        bool writable = true;
+        bool indexed = false;
+    };
+
+    struct Failure {
+        HRESULT code;
+        WORD number = 0;
+        bool deferred = false;
+    };
+
+    Member& add(const wchar_t* name);
+    Member* find(std::wstring_view name);
+    Member& known(const wchar_t* name);
+    HRESULT answer(Member& member, const Call& call, Variant& result);
+    static HRESULT raise(EXCEPINFO* exception, const Failure& failure);
+    /// Counts one call; the failure that was ordered for it, or null.
+    const Failure* orderedFailure();
+
+    std::vector<Member> members_;
+    std::vector<Variant> items_;
+    bool enumerates_ = false;
+    DISPID default_ = DISPID_UNKNOWN;
+    ComPointer<ITypeInfo> class_;
+    ComPointer<ITypeInfo> interface_;
+    ClassInfo classInfo_{*this};
+    std::map<int, Failure> failures_;
+    int calls_ = 0;
+    std::vector<std::wstring> log_;
     long references_ = 0;
 };
 

@@ -22,6 +22,7 @@ constexpr ErrorText texts[] = {
     {ErrorNumber::pathNotFound, L"Path not found", L"Chemin introuvable"},
     {ErrorNumber::objectNotSet, L"Object variable not set", L"Variable objet non définie"},
     {ErrorNumber::invalidUseOfNull, L"Invalid use of Null", L"Utilisation incorrecte de Null"},
+    {ErrorNumber::objectRequired, L"Object required", L"Objet requis"},
     {ErrorNumber::propertyOrMethodNotSupported, L"Object doesn't support this property or method",
      L"Propriété ou méthode non gérée par cet objet"},
     {ErrorNumber::automationError, L"Automation error", L"Erreur Automation"},

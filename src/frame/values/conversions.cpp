@@ -3,6 +3,7 @@
 #include <cmath>
 #include <new>
 
+#include "frame/values/invocation.h"
 #include "frame/values/unique_handle.h"
 
 namespace vorla {
@@ -63,27 +64,25 @@ namespace {
 // Hosts join a boolean to text in the user's language.
 constexpr USHORT asHostsJoin = VARIANT_LOCALBOOL;
 
-// What an object stands for where a value is wanted. A failure carries the object's own number.
+}  // namespace
+
 Variant defaultProperty(VariantView object) {
     if (!object.raw().punkVal) throw RuntimeError(ErrorNumber::objectNotSet);
     ComPointer<IDispatch> dispatch;
     if (FAILED(object.raw().punkVal->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(dispatch.put()))))
         throw RuntimeError(ErrorNumber::propertyOrMethodNotSupported);
-    DISPPARAMS none{};
-    Variant value;
-    EXCEPINFO exception{};
-    const auto answer =
-        dispatch->Invoke(DISPID_VALUE, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET | DISPATCH_METHOD,
-                         &none, value.put(), &exception, nullptr);
-    const Bstr source(exception.bstrSource), description(exception.bstrDescription),
-        help(exception.bstrHelpFile);
-    if (answer == DISP_E_EXCEPTION) {
-        if (exception.wCode != 0) throw RuntimeError(exception.wCode);
-        check(exception.scode);
-    }
-    check(answer);
-    return value;
+    return invoked(dispatch.get(), DISPID_VALUE, DISPATCH_PROPERTYGET | DISPATCH_METHOD, {});
 }
+
+Variant converted(VariantView value, VARTYPE type) {
+    if (value.isNull()) throw RuntimeError(ErrorNumber::invalidUseOfNull);
+    if (value.isObject()) return converted(defaultProperty(value).view(), type);
+    Variant result;
+    check(changeType(*result.put(), value.raw(), LOCALE_USER_DEFAULT, 0, type));
+    return result;
+}
+
+namespace {
 
 Bstr written(VariantView value, LCID locale, USHORT flags) {
     if (value.isNull()) throw RuntimeError(ErrorNumber::invalidUseOfNull);

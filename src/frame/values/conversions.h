@@ -27,6 +27,15 @@ inline HRESULT copyValue(VARIANT& result, const VARIANT& source) {
 /// Throws the RuntimeError of a failure code, or std::bad_alloc.
 void check(HRESULT result);
 
+/// What an object stands for where a value is wanted. Errors: 91 for Nothing, 438 for an object without a
+/// default property, or the object's own number.
+Variant defaultProperty(VariantView object);
+
+/// A value as one of the given type, an object by its default property; by the user's locale. Doubles
+/// become integers by rounding to nearest, ties to even. Errors: 94 for Null, 13 for what cannot be
+/// converted, 6 for what does not fit.
+Variant converted(VariantView value, VARTYPE type);
+
 /// A value as text, for as long as the value and this object live: a string is viewed where it lies,
 /// anything else is written out once. Locale: the user's, for numbers, dates and booleans alike.
 /// Errors: 94 for Null, 13 for what has no text, 91 for Nothing, 438 for an object without a default

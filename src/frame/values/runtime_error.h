@@ -18,6 +18,7 @@ enum class ErrorNumber : std::uint16_t {
     pathNotFound = 76,
     objectNotSet = 91,
     invalidUseOfNull = 94,
+    objectRequired = 424,
     propertyOrMethodNotSupported = 438,
     automationError = 440,
     invalidPicture = 481,

@@ -1,0 +1,41 @@
+#include "frame/declarations/system_queries.h"
+
+#include <windows.h>
+
+#include <iterator>
+
+#include "frame/declarations/fields.h"
+#include "frame/declarations/paths.h"
+#include "frame/declarations/version_name.h"
+#include "frame/values/ansi.h"
+
+namespace vorla {
+
+WinVer VersionWindows(Text& Nom) {
+    OSVERSIONINFOA record{};
+    static_assert(sizeof record == 148);
+    record.dwOSVersionInfoSize = sizeof record;
+    // A system that does not answer leaves zeros, which are an unknown version.
+    GetVersionExA(&record);
+    const auto servicePack = fromAnsi({record.szCSDVersion, std::size(record.szCSDVersion)});
+    const auto found =
+        versionName({record.dwMajorVersion, record.dwMinorVersion, record.dwPlatformId, servicePack});
+    Nom = L"Windows ";
+    Nom += found.name;
+    return found.version;
+}
+
+Text InfoLocale(std::int32_t Element) {
+    char buffer[50] = "";
+    if (GetLocaleInfoA(LOCALE_USER_DEFAULT, static_cast<LCTYPE>(Element), buffer, std::size(buffer)) == 0)
+        return {};
+    return fromAnsi({buffer, strnlen(buffer, std::size(buffer))});
+}
+
+eDriveType TypeLecteur(TextView Chemin) {
+    // A root is the same whether or not the path is a folder.
+    const auto root = DecoupeChemin(Chemin, eFileN::efRacine, [](TextView) { return false; });
+    return static_cast<eDriveType>(GetDriveTypeA(toAnsi(root.text()).c_str()));
+}
+
+}  // namespace vorla

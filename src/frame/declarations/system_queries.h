@@ -1,0 +1,22 @@
+// What members ask the system about itself: its version, the user's locale, a drive.
+#pragma once
+
+#include <cstdint>
+
+#include "frame/contract/enumerations.h"
+#include "frame/values/text.h"
+
+namespace vorla {
+
+/// The running Windows: its code, and in `Nom` "Windows " with its name behind it. A version without a code
+/// gives 0 and "Windows " alone; Vista gives "Windows Windows Vista". Hosts rely on both.
+WinVer VersionWindows(Text& Nom);
+
+/// One item of the user's locale, up to its first NUL character. Empty for an item that does not exist or
+/// has more than 49 characters.
+Text InfoLocale(std::int32_t Element);
+
+/// The type of the drive that the path lies on. A path without a drive lies on the current one.
+eDriveType TypeLecteur(TextView Chemin);
+
+}  // namespace vorla

@@ -1,0 +1,22 @@
+#include "frame/declarations/waiting.h"
+
+#include <windows.h>
+
+#include "frame/host/globals.h"
+
+namespace vorla {
+
+void Attente(std::int32_t Millisecondes) {
+    // Waits of the system end late by up to a tick of its clock, so the end of ours is polled.
+    constexpr std::int32_t polled = 32;
+    constexpr DWORD nap = 10;
+    const auto start = GetTickCount();
+    DoEvents();
+    while (!isWaitOver(start, GetTickCount(), Millisecondes)) {
+        if (Millisecondes > polled && !isWaitOver(start, GetTickCount(), Millisecondes - polled))
+            MsgWaitForMultipleObjects(0, nullptr, FALSE, nap, QS_ALLINPUT);
+        DoEvents();
+    }
+}
+
+}  // namespace vorla

@@ -1,0 +1,161 @@
+// The host's objects, driven by the names of their properties and methods.
+#pragma once
+
+#include <windows.h>
+
+#include <array>
+#include <concepts>
+#include <span>
+#include <type_traits>
+#include <vector>
+
+#include "frame/host/host_reference.h"
+#include "frame/values/conversions.h"
+#include "frame/values/variant.h"
+
+namespace vorla {
+
+/// An argument that the host's member may write: the variable gets what it stored.
+class ByReference {
+public:
+    explicit ByReference(Variant& variable) : variable_(&variable) {}
+    Variant argument() const;
+
+private:
+    Variant* variable_;
+};
+
+/// What an argument or a value for a property looks like to the host.
+inline Variant hostArgument(const ByReference& variable) { return variable.argument(); }
+Variant hostArgument(IDispatch* object);
+template <class Interface>
+Variant hostArgument(const HostReference<Interface>& object) {
+    return hostArgument(static_cast<IDispatch*>(object.get()));
+}
+inline Variant hostArgument(const Variant& value) { return value; }
+inline Variant hostArgument(VariantView value) { return Variant(value); }
+template <std::convertible_to<TextView> Characters>
+Variant hostArgument(const Characters& text) {
+    return Variant(TextView(text));
+}
+template <class Scalar>
+requires(std::same_as<Scalar, bool> || std::same_as<Scalar, std::int16_t> ||
+         std::same_as<Scalar, std::int32_t> || std::same_as<Scalar, double> ||
+         std::same_as<Scalar, Currency> || std::same_as<Scalar, Date>) Variant hostArgument(Scalar value) {
+    return Variant(value);
+}
+template <class Enumeration>
+requires std::is_enum_v<Enumeration> Variant hostArgument(Enumeration value) {
+    return Variant(static_cast<std::int32_t>(value));
+}
+
+/// The object in a result. Errors: 91 for Nothing, 424 for what is no object.
+HostObject objectIn(VariantView value);
+
+/// One object and the identifiers of the names used on it. Each name is looked up once; after that a read
+/// is exactly one call of the host, so a loop keeps the object that it asks again and again.
+///
+/// Every failure is a RuntimeError: the host's own number where it gives one; otherwise 438 for a name that
+/// the object has not, 13 for arguments that do not fit, 440 for the rest. Nothing answers everything
+/// with 91.
+class BoundObject {
+public:
+    explicit BoundObject(HostObject object) : object_(std::move(object)) {}
+    /// The object in a result, as objectIn().
+    explicit BoundObject(VariantView value) : object_(objectIn(value)) {}
+
+    const HostObject& object() const { return object_; }
+
+    /// Whether the object knows the name. Nothing is read or called; Nothing knows none.
+    bool knows(const wchar_t* name);
+
+    /// A property's value, an indexed property's with its indices. Hosts do not tell a property that is read
+    /// from a function that is called, so either answers.
+    template <class... Indices>
+    Variant get(const wchar_t* name, const Indices&... indices) {
+        return read(id(name), indices...);
+    }
+
+    /// A property's value as a 32-bit or 16-bit integer, a double, a boolean, or text.
+    template <class Value, class... Indices>
+    Value getAs(const wchar_t* name, const Indices&... indices) {
+        const auto value = get(name, indices...);
+        if constexpr (std::same_as<Value, std::int32_t>) {
+            return converted(value.view(), VT_I4).raw().lVal;
+        } else if constexpr (std::same_as<Value, std::int16_t>) {
+            return converted(value.view(), VT_I2).raw().iVal;
+        } else if constexpr (std::same_as<Value, double>) {
+            return converted(value.view(), VT_R8).raw().dblVal;
+        } else if constexpr (std::same_as<Value, bool>) {
+            return converted(value.view(), VT_BOOL).raw().boolVal != VARIANT_FALSE;
+        } else {
+            static_assert(std::same_as<Value, Text>, "read it with get() and convert it");
+            return Text(ValueText(value.view()).view());
+        }
+    }
+
+    /// An object that a property refers to. Errors: 91 for Nothing, 424 for what is no object.
+    template <class... Indices>
+    HostObject getObject(const wchar_t* name, const Indices&... indices) {
+        return objectIn(get(name, indices...).view());
+    }
+
+    /// Gives a property a value; the indices of an indexed property stand before it.
+    template <class... IndicesAndValue>
+    void put(const wchar_t* name, const IndicesAndValue&... indicesAndValue) {
+        write(id(name), DISPATCH_PROPERTYPUT, indicesAndValue...);
+    }
+
+    /// Makes a property refer to an object, or to Nothing.
+    template <class... IndicesAndObject>
+    void putRef(const wchar_t* name, const IndicesAndObject&... indicesAndObject) {
+        write(id(name), DISPATCH_PROPERTYPUTREF, indicesAndObject...);
+    }
+
+    /// Calls a method. Its result is Empty when it has none.
+    template <class... Arguments>
+    Variant call(const wchar_t* name, const Arguments&... arguments) {
+        return run(id(name), DISPATCH_METHOD, arguments...);
+    }
+
+    /// The default property, of a collection the item.
+    template <class... Indices>
+    Variant getDefault(const Indices&... indices) {
+        return read(DISPID_VALUE, indices...);
+    }
+    template <class... IndicesAndValue>
+    void putDefault(const IndicesAndValue&... indicesAndValue) {
+        write(DISPID_VALUE, DISPATCH_PROPERTYPUT, indicesAndValue...);
+    }
+
+private:
+    struct Name {
+        Text name;
+        DISPID id;
+    };
+
+    template <class... Arguments>
+    Variant run(DISPID member, WORD kind, const Arguments&... arguments) {
+        std::array<Variant, sizeof...(Arguments)> values{hostArgument(arguments)...};
+        return invoke(member, kind, values);
+    }
+    template <class... Indices>
+    Variant read(DISPID member, const Indices&... indices) {
+        return run(member, DISPATCH_PROPERTYGET | DISPATCH_METHOD, indices...);
+    }
+    template <class... IndicesAndValue>
+    void write(DISPID member, WORD kind, const IndicesAndValue&... indicesAndValue) {
+        static_assert(sizeof...(IndicesAndValue) > 0, "a property is given something");
+        run(member, kind, indicesAndValue...);
+    }
+
+    /// `arguments` in the order in which a host writes them.
+    Variant invoke(DISPID member, WORD kind, std::span<const Variant> arguments) const;
+    DISPID id(const wchar_t* name);
+    HRESULT find(const wchar_t* name, DISPID& found);
+
+    HostObject object_;
+    std::vector<Name> names_;
+};
+
+}  // namespace vorla

@@ -1,0 +1,123 @@
+#include "frame/host/globals.h"
+
+#include <olectl.h>
+
+#include "frame/values/conversions.h"
+#include "frame/values/unique_handle.h"
+
+namespace vorla {
+namespace {
+
+constexpr float twipsPerInch = 1440;
+
+// The longest path that Windows knows, with its terminator.
+constexpr DWORD longestPath = 32768;
+
+struct ScreenKind {
+    using Handle = HDC;
+    static Handle invalid() { return nullptr; }
+    static void close(Handle handle) { ReleaseDC(nullptr, handle); }
+};
+
+float twipsPerPixel(int dotsPerInch) {
+    const UniqueHandle<ScreenKind> screen(GetDC(nullptr));
+    const int dots = GetDeviceCaps(screen.get(), dotsPerInch);
+    return twipsPerInch / static_cast<float>(dots > 0 ? dots : 96);
+}
+
+Text program() {
+    Text result(MAX_PATH, L'\0');
+    auto length = GetModuleFileNameW(nullptr, result.data(), MAX_PATH);
+    if (length >= MAX_PATH) {
+        result.resize(longestPath);
+        length = GetModuleFileNameW(nullptr, result.data(), longestPath);
+    }
+    result.resize(length);
+    return result;
+}
+
+// Without the program's extension. A point in a folder's name begins none.
+Text programName() {
+    auto path = program();
+    const auto point = path.find_last_of(L".\\");
+    if (point != Text::npos && path[point] == L'.') path.resize(point);
+    return path;
+}
+
+bool isFile(const Text& path) {
+    const auto attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+Text absolute(const Text& path) {
+    Text result(longestPath, L'\0');
+    result.resize(GetFullPathNameW(path.c_str(), longestPath, result.data(), nullptr));
+    return result;
+}
+
+HostPicture noPicture() {
+    PICTDESC nothing{};
+    nothing.cbSizeofstruct = sizeof nothing;
+    nothing.picType = PICTYPE_NONE;
+    ComPointer<IPictureDisp> picture;
+    check(
+        OleCreatePictureIndirect(&nothing, IID_IPictureDisp, FALSE, reinterpret_cast<void**>(picture.put())));
+    return HostPicture(picture.get());
+}
+
+}  // namespace
+
+float screen::twipsPerPixelX() { return twipsPerPixel(LOGPIXELSX); }
+float screen::twipsPerPixelY() { return twipsPerPixel(LOGPIXELSY); }
+
+Text app::path() {
+    auto path = program();
+    const auto separator = path.find_last_of(L'\\');
+    if (separator == Text::npos) return {};
+    path.resize(separator);
+    if (path.ends_with(L':')) path += L'\\';
+    return path;
+}
+
+Text app::title() {
+    auto name = programName();
+    name.erase(0, name.find_last_of(L'\\') + 1);
+    return name;
+}
+
+Text app::helpFile() {
+    const auto name = programName();
+    for (const auto* extension : {L".chm", L".hlp"})
+        if (auto file = name + extension; isFile(file)) return file;
+    return {};
+}
+
+void DoEvents() {
+    // A window that never paints itself, or answers each message with another, must not keep the caller.
+    constexpr int mostAtOnce = 10'000;
+    MSG message;
+    for (int i = 0; i < mostAtOnce && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE); ++i) {
+        if (message.message == WM_QUIT) {
+            // The host's own loop is to end, not this one alone.
+            PostQuitMessage(static_cast<int>(message.wParam));
+            break;
+        }
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+    Sleep(0);
+}
+
+HostPicture LoadPicture(TextView fileName) {
+    if (fileName.empty()) return noPicture();
+    // The loader takes absolute paths and addresses of pages; a name of ours is always a file's.
+    auto path = absolute(Text(fileName));
+    if (!isFile(path)) throw RuntimeError(ErrorNumber::fileNotFound);
+    ComPointer<IPictureDisp> picture;
+    const auto answer = OleLoadPicturePath(path.data(), nullptr, 0, 0, IID_IPictureDisp,
+                                           reinterpret_cast<void**>(picture.put()));
+    if (FAILED(answer) || !picture) throw RuntimeError(ErrorNumber::invalidPicture);
+    return HostPicture(picture.get());
+}
+
+}  // namespace vorla

@@ -1,0 +1,50 @@
+#include "frame/host/host_items.h"
+
+#include "frame/values/invocation.h"
+
+namespace vorla {
+namespace {
+
+ComPointer<IEnumVARIANT> enumeratorOf(const HostObject& collection) {
+    ComPointer<IEnumVARIANT> enumerator;
+    Variant answer;
+    try {
+        answer = invoked(collection.get(), DISPID_NEWENUM, DISPATCH_METHOD | DISPATCH_PROPERTYGET, {});
+    } catch (const RuntimeError& error) {
+        // A collection without an enumerator is asked by number; any other failure is the collection's.
+        if (error.number() != ErrorNumber::propertyOrMethodNotSupported) throw;
+        return enumerator;
+    }
+    const auto view = answer.view();
+    if (!view.isObject() || !view.raw().punkVal)
+        throw RuntimeError(ErrorNumber::propertyOrMethodNotSupported);
+    check(view.raw().punkVal->QueryInterface(IID_IEnumVARIANT, reinterpret_cast<void**>(enumerator.put())));
+    return enumerator;
+}
+
+}  // namespace
+
+HostItems::HostItems(HostObject collection)
+    : collection_(std::move(collection)), enumerator_(enumeratorOf(collection_.object())) {
+    if (enumerator_) return;
+    count_ = collection_.getAs<std::int32_t>(L"Count");
+    hasItem_ = collection_.knows(L"Item");
+}
+
+bool HostItems::next(Variant& item) {
+    item = Variant();
+    if (!enumerator_) return nextByNumber(item);
+    ULONG fetched = 0;
+    const auto answer = enumerator_->Next(1, item.put(), &fetched);
+    check(answer);
+    return answer == S_OK && fetched == 1;
+}
+
+bool HostItems::nextByNumber(Variant& item) {
+    if (number_ >= count_) return false;
+    item = hasItem_ ? collection_.get(L"Item", number_) : collection_.getDefault(number_);
+    ++number_;
+    return true;
+}
+
+}  // namespace vorla

@@ -1,0 +1,36 @@
+// The items of a host's collection, in the collection's own order.
+#pragma once
+
+#include <oaidl.h>
+
+#include "frame/host/bound_object.h"
+#include "frame/values/unique_handle.h"
+
+namespace vorla {
+
+/// Walks a collection once: by its enumerator when it has one, so that an item costs one call; otherwise by
+/// `Count` and `Item`, or the default property in place of `Item`, from item 0 as the host's forms, controls
+/// and lists count.
+///
+///     HostItems controls(form.getObject(L"Controls"));
+///     for (Variant control; controls.next(control);) …
+///
+/// Errors: 91 for Nothing, 438 for an object that is no collection, or the host's own number.
+class HostItems {
+public:
+    explicit HostItems(HostObject collection);
+
+    /// Puts the next item into `item`. False, with `item` Empty, when there is none left.
+    bool next(Variant& item);
+
+private:
+    bool nextByNumber(Variant& item);
+
+    BoundObject collection_;
+    ComPointer<IEnumVARIANT> enumerator_;
+    std::int32_t number_ = 0;
+    std::int32_t count_ = 0;
+    bool hasItem_ = false;
+};
+
+}  // namespace vorla

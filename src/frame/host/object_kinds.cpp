@@ -1,0 +1,53 @@
+#include "frame/host/object_kinds.h"
+
+#include "frame/host/bound_object.h"
+#include "frame/values/unique_handle.h"
+
+namespace vorla {
+namespace {
+
+Text nameOf(ITypeInfo& type) {
+    Bstr name;
+    if (FAILED(type.GetDocumentation(MEMBERID_NIL, name.put(), nullptr, nullptr, nullptr))) return {};
+    return Text(name.view());
+}
+
+Text className(IDispatch& object) {
+    ComPointer<IProvideClassInfo> classInfo;
+    ComPointer<ITypeInfo> type;
+    if (FAILED(object.QueryInterface(IID_IProvideClassInfo, reinterpret_cast<void**>(classInfo.put()))) ||
+        FAILED(classInfo->GetClassInfo(type.put())) || !type)
+        return {};
+    return nameOf(*type.get());
+}
+
+Text interfaceName(IDispatch& object) {
+    ComPointer<ITypeInfo> type;
+    if (FAILED(object.GetTypeInfo(0, LOCALE_USER_DEFAULT, type.put())) || !type) return {};
+    auto name = nameOf(*type.get());
+    if (name.starts_with(L'_')) name.erase(0, 1);
+    return name;
+}
+
+}  // namespace
+
+Text typeName(const HostObject& object) {
+    if (!object) return L"Nothing";
+    auto name = className(*object.get());
+    if (name.empty()) name = interfaceName(*object.get());
+    return name.empty() ? L"Object" : name;
+}
+
+bool isHostForm(const HostObject& object) {
+    BoundObject form(object);
+    return form.knows(L"hWnd") && form.knows(L"Controls") && form.knows(L"WindowState") &&
+           !form.knows(L"Container");
+}
+
+bool isCheckBox(const HostObject& object) { return typeName(object) == L"CheckBox"; }
+bool isOptionButton(const HostObject& object) { return typeName(object) == L"OptionButton"; }
+bool isTextBox(const HostObject& object) { return typeName(object) == L"TextBox"; }
+bool isComboBox(const HostObject& object) { return typeName(object) == L"ComboBox"; }
+bool isListBox(const HostObject& object) { return typeName(object) == L"ListBox"; }
+
+}  // namespace vorla

@@ -1,0 +1,17 @@
+// One late-bound call of a foreign object, with its failures as run-time errors.
+#pragma once
+
+#include <windows.h>
+
+#include "frame/values/variant.h"
+
+namespace vorla {
+
+/// Invokes one member and returns its result. `arguments` are in Invoke's own order, the last first; for a
+/// property put the value stands first. By-reference arguments are written by the object.
+/// Errors: the object's own number when it gives one (wCode, or the low half of 0x800Axxxx); otherwise 438
+/// for a member it has not, 13 for arguments that do not fit, 440 for the rest. Without an object: 91.
+Variant invoked(IDispatch* object, DISPID id, WORD kind, DISPPARAMS arguments,
+                LCID locale = LOCALE_USER_DEFAULT);
+
+}  // namespace vorla
