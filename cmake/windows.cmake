@@ -13,6 +13,8 @@ add_library(vorla_frame OBJECT
     src/frame/com/module.cpp
     src/frame/com/publication.cpp
     src/frame/com/registration.cpp
+    src/frame/declarations/comparison.cpp
+    src/frame/declarations/files.cpp
     src/frame/declarations/host_queries.cpp
     src/frame/declarations/profile.cpp
     src/frame/declarations/system_queries.cpp
@@ -36,6 +38,7 @@ add_library(vorla_classes OBJECT
     src/language/VorlaLangue.publication.cpp
     src/media/VorlaMultiMedia.publication.cpp
     src/misc/VorlaDivers.publication.cpp
+    src/system/VorlaFichier.cpp
     src/system/VorlaFichier.publication.cpp
     src/system/VorlaRegistre.publication.cpp
     src/system/VorlaSystem.publication.cpp
@@ -81,6 +84,8 @@ vorla_link(Vorla6 vorla_rules vorla_frame vorla_classes)
 set_target_properties(Vorla6 PROPERTIES PREFIX "" RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
 target_link_options(Vorla6 PRIVATE
     -s -Wl,--enable-stdcall-fixup,--no-insert-timestamp,--disable-auto-image-base)
+
+add_subdirectory(bench)
 
 # GoogleTest's package holds its sources; the cross compilers need it built for them.
 set(googletest /usr/src/googletest/googletest)

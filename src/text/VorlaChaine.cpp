@@ -25,7 +25,7 @@ bool isColumnNumber(VARTYPE type) {
 
 using Alignment = Joined (*)(TextView, std::int16_t);
 
-Bstr column(VariantView value, std::int16_t width, Alignment align) {
+Bstr column(const VariantView& value, std::int16_t width, Alignment align) {
     if (isColumnNumber(value.type())) return Bstr(align(numberToInvariantText(value).view(), width));
     return Bstr(align(ValueText(value).view(), width));
 }
@@ -56,7 +56,10 @@ float VorlaChaine::Occurrence(TextView Chaine, TextView Cherche, bool CaseSensit
 }
 
 Bstr VorlaChaine::Zclé(TextView Clé, std::int16_t Longueur) {
-    if (!isNumeric(Clé)) return Bstr(storedKey(upperCased(Clé), Longueur));
+    if (!isNumeric(Clé)) {
+        const auto kept = trimmed(Clé).substr(0, checkedLength(Longueur));
+        return Bstr(storedKey(upperCased(kept), Longueur));
+    }
     const auto number = Longueur == 0 ? generalNumber(Clé) : roundedNumber(Clé);
     return Bstr(zeroFilled(number.view(), Longueur));
 }

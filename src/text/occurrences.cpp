@@ -1,7 +1,7 @@
 #include "text/occurrences.h"
 
+#include "frame/declarations/matcher.h"
 #include "frame/values/runtime_error.h"
-#include "text/matcher.h"
 
 namespace vorla {
 

@@ -2,8 +2,8 @@
 
 #include <vector>
 
+#include "frame/declarations/matcher.h"
 #include "frame/values/runtime_error.h"
-#include "text/matcher.h"
 
 namespace vorla {
 namespace {
@@ -12,12 +12,12 @@ namespace {
 // for every character of the result and taken up again where a removal ends.
 Text removed(TextView text, const Matcher& matcher, std::size_t first, std::size_t limit) {
     Text result(text.substr(0, first));
-    std::vector<std::size_t> matched(1, 0);
+    std::vector<std::uint32_t> matched(1, 0);
     matched.reserve(text.size() - first + 1);
     std::size_t count = 0;
     for (std::size_t i = first; i < text.size(); ++i) {
         result += text[i];
-        matched.push_back(matcher.read(matched.back(), text[i]));
+        matched.push_back(static_cast<std::uint32_t>(matcher.read(matched.back(), text[i])));
         if (!matcher.isWhole(matched.back())) continue;
         result.resize(result.size() - matcher.length());
         matched.resize(matched.size() - matcher.length());

@@ -1,10 +1,12 @@
 // Each rule against its naive twin, for arguments made of arbitrary bytes.
 #pragma once
 
+#include <iterator>
 #include <string>
 
 #include "arguments.h"
 #include "frame/declarations/fields.h"
+#include "frame/declarations/paths.h"
 #include "naive.h"
 #include "outcome.h"
 #include "text/keys.h"
@@ -115,6 +117,42 @@ inline Comparison nextCode(Arguments& arguments) {
         if (last || !result.agrees) return result;
     }
     return {};
+}
+
+inline Comparison piece(const Text& path, std::int32_t part, bool isFolder) {
+    int asked = 0;
+    bool askedOfAnother = false;
+    const auto answer = [&](TextView about) {
+        ++asked;
+        askedOfAnother = about != path;
+        return isFolder;
+    };
+    auto result = compared(call("DecoupeChemin", path, part, isFolder),
+                           outcomeOf([&] { return DecoupeChemin(path, eFileN{part}, answer); }),
+                           outcomeOf([&] { return naive::decoupeChemin(path, part, isFolder); }));
+    if (result.agrees && (asked > 1 || askedOfAnother))
+        result = {false, 0, call("DecoupeChemin", path, part, isFolder) + " asks too much"};
+    return result;
+}
+
+// One path in all modes, and once under a number that may be none of them.
+inline Comparison paths(Arguments& arguments) {
+    const TextView beginnings[] = {L"", L"C:\\", L"\\\\", L"\\\\s\\h", L"\\", L"C:"};
+    const Text path = Text(beginnings[arguments.byte() % std::size(beginnings)]) +
+                      arguments.text(TextView(L"\\\\\\..:ab\u00E9\0", 10), 31);
+    const bool isFolder = arguments.flag();
+    for (std::int32_t part = 1; part <= 8; ++part)
+        if (const auto result = piece(path, part, isFolder); !result.agrees) return result;
+    return piece(path, arguments.number(), isFolder);
+}
+
+inline Comparison extensions(Arguments& arguments) {
+    const Text path = arguments.text(L"..tmp\\", 31);
+    const Text old = arguments.text(L"tmp.", 3);
+    const Text wanted = arguments.text(L".tmpx", 4);
+    return compared(call("withExtension", path, old, wanted),
+                    outcomeOf([&] { return withExtension(path, old, wanted); }),
+                    outcomeOf([&] { return naive::withExtension(path, old, wanted); }));
 }
 
 }  // namespace compare

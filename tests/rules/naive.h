@@ -193,4 +193,52 @@ private:
     long carry_ = 0;
 };
 
+inline long lastCharacter(const String& text, wchar_t character) {
+    return lastPlace(text, String(1, character), length(text));
+}
+
+inline long firstCharacter(const String& text, wchar_t character, long begin) {
+    return firstPlace(text, String(1, character), begin);
+}
+
+inline String antiSlash(const String& path) { return right(path, 1) == L"\\" ? path : path + L"\\"; }
+
+// `folder`: whether the path names an existing one.
+inline String decoupeChemin(const String& path, long part, bool folder) {
+    if (part == 8) return path;
+    if ((part == 1 || part == 2) && firstCharacter(path, L'\\', 1) == 0) return path;
+    const bool network = left(path, 2) == L"\\\\";
+
+    // The last character of the drive.
+    long drive = 0;
+    if (!network) {
+        drive = firstCharacter(path, L':', 1);
+    } else if (const long server = firstCharacter(path, L'\\', 3)) {
+        const long share = firstCharacter(path, L'\\', server + 1);
+        drive = share == 0 ? length(path) : share - 1;
+    }
+
+    const long separator = folder ? length(path) : lastCharacter(path, L'\\');
+    const String directory = left(path, separator), name = from(path, separator + 1);
+    const long dot = lastCharacter(name, L'.');
+    if (part == 1) return directory;
+    if (part == 2) return name;
+    if (part == 3) return dot == 0 ? String() : from(name, dot + 1);
+    if (part == 4) return dot == 0 || length(name) - dot > 4 ? name : left(name, dot - 1);
+    if (part == 5 && drive == 0) return directory;
+    if (part == 5) return from(directory, network ? drive + 1 : 3);
+    if (part == 6) return left(path, drive);
+    if (part == 7) return antiSlash(left(path, drive));
+    return {};
+}
+
+inline String withExtension(String path, const String& old, const String& wanted) {
+    long begin = 1;
+    while (const long place = firstPlace(path, L"." + old, begin)) {
+        path = left(path, place - 1) + wanted + from(path, place + 1 + length(old));
+        begin = place + length(wanted);
+    }
+    return path;
+}
+
 }  // namespace vorla::naive

@@ -34,6 +34,8 @@ TEST(Properties, OccurrencesFollowTheirSteps) { expectAgreement(compare::occurre
 TEST(Properties, QuotingFollowsItsSteps) { expectAgreement(compare::quoting, {0}); }
 TEST(Properties, KeysFollowTheirSteps) { expectAgreement(compare::keys, {0, 5}); }
 TEST(Properties, TheNextCodeFollowsItsSteps) { expectAgreement(compare::nextCode, {0, 5, 6}); }
+TEST(Properties, PathsFollowTheirSteps) { expectAgreement(compare::paths, {0}); }
+TEST(Properties, ExtensionsFollowTheirSteps) { expectAgreement(compare::extensions, {0}); }
 
 }  // namespace
 }  // namespace vorla

@@ -44,6 +44,8 @@ VARIANT& held(VARIANT& argument) {
     return argument.vt == (VT_BYREF | VT_VARIANT) ? *argument.pvarVal : argument;
 }
 
+bool ownsText(const Default& whenMissing) { return whenMissing.text[0] != 0; }
+
 // The value of an optional argument that is left out.
 HRESULT missingValue(const Parameter& parameter, VARIANT& value) {
     const auto type = parameter.type.type;
@@ -53,15 +55,21 @@ HRESULT missingValue(const Parameter& parameter, VARIANT& value) {
         return S_OK;
     }
     if (parameter.whenMissing.kind == Default::Kind::text || type == VT_BSTR) {
-        value.bstrVal = SysAllocString(parameter.whenMissing.text);
+        // To every member an absent string is the empty one, and it costs no allocation.
+        const bool owned = ownsText(parameter.whenMissing);
+        value.bstrVal = owned ? SysAllocString(parameter.whenMissing.text) : nullptr;
         value.vt = VT_BSTR;
-        return value.bstrVal ? S_OK : E_OUTOFMEMORY;
+        return owned && !value.bstrVal ? E_OUTOFMEMORY : S_OK;
     }
     value.vt = VT_I4;
     value.lVal = parameter.whenMissing.number;
     switch (type) {
         case VT_VARIANT:
         case VT_I4: return S_OK;
+        case VT_I2:
+            value.vt = VT_I2;
+            value.iVal = static_cast<SHORT>(parameter.whenMissing.number);
+            return S_OK;
         case VT_DISPATCH:
             value.vt = VT_DISPATCH;
             value.pdispVal = nullptr;
@@ -113,27 +121,114 @@ HRESULT explain(HRESULT failure, EXCEPINFO* exception) {
     return DISP_E_EXCEPTION;
 }
 
-}  // namespace
+HRESULT callForRecord(Instance* object, const Publication& publication, const Member& member,
+                      VARIANT* arguments, VARIANT& result) {
+    ComPointer<ITypeInfo> description;
+    ComPointer<IRecordInfo> record;
+    auto answer = publication.library.describe(identifier(member.result.number), description.put());
+    if (SUCCEEDED(answer)) answer = GetRecordInfoFromTypeInfo(description.get(), record.put());
+    if (FAILED(answer)) return answer;
+    void* const made = record->RecordCreate();
+    if (!made) return E_OUTOFMEMORY;
+    answer = member.invoke(object, arguments, made);
+    if (FAILED(answer)) {
+        record->RecordDestroy(made);
+        return answer;
+    }
+    result.vt = VT_RECORD;
+    result.pvRecord = made;
+    result.pRecInfo = record.release();
+    return answer;
+}
+
+HRESULT callSlot(Instance* object, const Publication& publication, const Member& member, VARIANT* arguments,
+                 VARIANT& result) {
+    switch (const auto type = member.result.type; type) {
+        case VT_VARIANT: return member.invoke(object, arguments, &result);
+        case VT_VOID: return member.invoke(object, arguments, nullptr);
+        case VT_RECORD: return callForRecord(object, publication, member, arguments, result);
+        default: {
+            const auto answer = member.invoke(object, arguments, &result.byref);
+            if (SUCCEEDED(answer)) result.vt = type;
+            return answer;
+        }
+    }
+}
+
+// Whether each argument already is what the slot takes, so that the caller's own array serves.
+bool fitsAsItIs(std::span<const Parameter> parameters, const DISPPARAMS& given) {
+    if (given.cNamedArgs != 0 || given.cArgs != parameters.size() || !given.rgvarg) return false;
+    const VARIANT* argument = given.rgvarg + given.cArgs;
+    for (const Parameter& parameter : parameters) {
+        --argument;
+        if (argument->vt != parameter.exactType) return false;
+        if ((argument->vt & VT_BYREF) && !argument->byref) return false;
+    }
+    return true;
+}
+
+// One call of one member. An argument that does not have the type that the slot takes is converted into
+// a cell.
+class Call {
+public:
+    Call(Instance* object, const Publication& publication, const Member& member, const DISPPARAMS& given,
+         LCID locale) noexcept
+        : object_(object),
+          publication_(publication),
+          member_(member),
+          parameters_(publication.parametersOf(member)),
+          given_(given),
+          locale_(locale) {}
+    Call(const Call&) = delete;
+    Call& operator=(const Call&) = delete;
+    ~Call();
+
+    HRESULT run(VARIANT& result, EXCEPINFO* exception, UINT* badArgument) noexcept;
+
+private:
+    // A value that the slot gets instead of the caller's: a default, a copy, or a converted one.
+    struct Cell {
+        VARIANT value;
+        VARIANT* writeTo;  // the caller's argument that gets the value back; null for none
+    };
+
+    HRESULT assignSources() noexcept;
+    HRESULT fill(VARIANT& passed, VARIANT* source, const Parameter& parameter) noexcept;
+    HRESULT fillRecord(VARIANT& passed, const Parameter& parameter, VARIANT& source) noexcept;
+    HRESULT convert(VARIANT& value, const Parameter& parameter, const VARIANT& source) noexcept;
+    HRESULT writeBack() noexcept;
+    UINT indexOf(const VARIANT* argument) const { return static_cast<UINT>(argument - given_.rgvarg); }
+
+    Instance* const object_;
+    const Publication& publication_;
+    const Member& member_;
+    const std::span<const Parameter> parameters_;
+    const DISPPARAMS& given_;
+    const LCID locale_;
+    UINT badArgument_ = 0;
+    std::size_t cellCount_ = 0;
+    // Only what the call needs of these is ever written.
+    VARIANT* sources_[parameterLimit];  // the caller's argument for each parameter; null when left out
+    VARIANT passed_[parameterLimit];    // what the slot gets, in the payload, the last one first
+    Cell cells_[parameterLimit];
+};
 
 Call::~Call() {
-    for (std::size_t i = 0; i < filled_; ++i)
-        if (cells_[i].own.vt != VT_EMPTY) VariantClear(&cells_[i].own);
+    for (std::size_t i = 0; i < cellCount_; ++i)
+        if (cells_[i].value.vt != VT_EMPTY) VariantClear(&cells_[i].value);
 }
 
 HRESULT Call::run(VARIANT& result, EXCEPINFO* exception, UINT* badArgument) noexcept {
     auto answer = assignSources();
-    while (SUCCEEDED(answer) && filled_ < parameters_.size()) {
-        Cell& cell = cells_[filled_];
-        cell.own.vt = VT_EMPTY;
-        cell.writeTo = nullptr;
-        answer = fill(cell, parameters_[filled_++]);
-        if (FAILED(answer) && cell.source) badArgument_ = indexOf(cell);
+    for (std::size_t i = 0; SUCCEEDED(answer) && i < parameters_.size(); ++i) {
+        answer = fill(passed_[parameters_.size() - 1 - i], sources_[i], parameters_[i]);
+        if (FAILED(answer) && sources_[i]) badArgument_ = indexOf(sources_[i]);
     }
     if (FAILED(answer)) {
         if (badArgument) *badArgument = badArgument_;
         return answer;
     }
-    answer = callSlot(result);
+    answer = callSlot(object_, publication_, member_, passed_, result);
     const auto written = writeBack();
     if (FAILED(answer)) return explain(answer, exception);
     if (FAILED(written)) {
@@ -150,130 +245,115 @@ HRESULT Call::assignSources() noexcept {
     if (given_.cNamedArgs != 0 && !given_.rgdispidNamedArgs) return E_POINTER;
     const auto positional = given_.cArgs - given_.cNamedArgs;
     for (std::size_t i = 0; i < count; ++i)
-        cells_[i].source = i < positional ? &given_.rgvarg[given_.cArgs - 1 - i] : nullptr;
+        sources_[i] = i < positional ? &given_.rgvarg[given_.cArgs - 1 - i] : nullptr;
     for (UINT i = 0; i < given_.cNamedArgs; ++i) {
         const DISPID id = given_.rgdispidNamedArgs[i];
         const auto place =
             id == DISPID_PROPERTYPUT && member_.stores() ? count - 1 : static_cast<std::size_t>(id);
-        if (place >= count || cells_[place].source) {
+        if (place >= count || sources_[place]) {
             badArgument_ = i;
             return DISP_E_PARAMNOTFOUND;
         }
-        cells_[place].source = &given_.rgvarg[i];
+        sources_[place] = &given_.rgvarg[i];
     }
     return S_OK;
 }
 
-HRESULT Call::fill(Cell& cell, const Parameter& parameter) noexcept {
+HRESULT Call::fill(VARIANT& passed, VARIANT* source, const Parameter& parameter) noexcept {
     const auto type = parameter.type.type;
     const bool byReference = parameter.type.byReference;
-    if (cell.source && (cell.source->vt & VT_BYREF) && !cell.source->byref) return E_POINTER;
-    if (!cell.source && !parameter.optional) return DISP_E_BADPARAMCOUNT;
-    if (!cell.source || (isMissing(held(*cell.source)) && !takesMissing(parameter))) {
-        if (!parameter.optional) return DISP_E_PARAMNOTOPTIONAL;
-        const auto answer = missingValue(parameter, cell.own);
-        if (FAILED(answer)) return answer;
-    } else {
-        VARIANT& source = *cell.source;
-        if (type == VT_RECORD) return fillRecord(cell, parameter, source);
+    if (source && (source->vt & VT_BYREF) && !source->byref) return E_POINTER;
+    if (!source && !parameter.optional) return DISP_E_BADPARAMCOUNT;
+    const bool leftOut = !source || (isMissing(held(*source)) && !takesMissing(parameter));
+    if (leftOut && !parameter.optional) return DISP_E_PARAMNOTOPTIONAL;
+    if (!leftOut) {
+        if (type == VT_RECORD) return fillRecord(passed, parameter, *source);
 
-        VARIANT& value = held(source);
+        VARIANT& value = held(*source);
         // The caller's own variable, of the very type, alone or inside a script's variable.
-        const bool exactVariable = source.vt == (VT_BYREF | type);
-        if (byReference && (exactVariable || (&value != &source && value.vt == type))) {
-            cell.passed.byref = exactVariable ? source.byref : &value.byref;
-            return type == VT_DISPATCH ? checkObject(parameter.type.described, *cell.passed.ppdispVal) : S_OK;
+        const bool exactVariable = source->vt == (VT_BYREF | type);
+        if (byReference && (exactVariable || (&value != source && value.vt == type))) {
+            passed.byref = exactVariable ? source->byref : &value.byref;
+            return type == VT_DISPATCH ? checkObject(parameter.type.described, *passed.ppdispVal) : S_OK;
         }
         if (!byReference && (value.vt == type || type == VT_VARIANT) && type != VT_DISPATCH) {
-            cell.passed = value;
+            passed = value;
             return S_OK;
         }
-        const auto answer = convert(cell, parameter, value);
-        if (FAILED(answer)) return answer;
-        if (byReference && (source.vt & VT_BYREF)) cell.writeTo = &source;
     }
+    // A default that owns nothing needs no cell.
+    if (leftOut && !byReference && !ownsText(parameter.whenMissing)) return missingValue(parameter, passed);
+    Cell& cell = cells_[cellCount_++];
+    cell.value.vt = VT_EMPTY;
+    cell.writeTo = !leftOut && byReference && (source->vt & VT_BYREF) ? source : nullptr;
+    const auto answer =
+        leftOut ? missingValue(parameter, cell.value) : convert(cell.value, parameter, held(*source));
+    if (FAILED(answer)) return answer;
     if (!byReference)
-        cell.passed = cell.own;
+        passed = cell.value;
     else if (type == VT_VARIANT)
-        cell.passed.pvarVal = &cell.own;
+        passed.pvarVal = &cell.value;
     else
-        cell.passed.byref = &cell.own.byref;
+        passed.byref = &cell.value.byref;
     return S_OK;
 }
 
-HRESULT Call::fillRecord(Cell& cell, const Parameter& parameter, VARIANT& source) noexcept {
+HRESULT Call::fillRecord(VARIANT& passed, const Parameter& parameter, VARIANT& source) noexcept {
     VARIANT& value = held(source);
     GUID given;
     if ((value.vt & ~VT_BYREF) != VT_RECORD || !value.pRecInfo || !value.pvRecord ||
         FAILED(value.pRecInfo->GetGuid(&given)) || given != identifier(parameter.type.number))
         return DISP_E_TYPEMISMATCH;
-    cell.passed.byref = value.pvRecord;
+    passed.byref = value.pvRecord;
     return S_OK;
 }
 
 // A copy for a by-reference parameter, a value of the right type for any other.
-HRESULT Call::convert(Cell& cell, const Parameter& parameter, const VARIANT& source) noexcept {
+HRESULT Call::convert(VARIANT& value, const Parameter& parameter, const VARIANT& source) noexcept {
     const auto type = parameter.type.type;
-    if (type == VT_VARIANT) return copyValue(cell.own, source);
-    const auto answer = changeType(cell.own, source, locale_, 0, type);
+    if (type == VT_VARIANT) return copyValue(value, source);
+    const auto answer = changeType(value, source, locale_, 0, type);
     if (FAILED(answer)) return answer;
-    return type == VT_DISPATCH ? checkObject(parameter.type.described, cell.own.pdispVal) : S_OK;
-}
-
-HRESULT Call::callSlot(VARIANT& result) noexcept {
-    VARIANT arguments[parameterLimit];
-    for (std::size_t i = 0; i < filled_; ++i) arguments[i] = cells_[i].passed;
-    switch (const auto type = member_.result.type; type) {
-        case VT_VARIANT: return member_.invoke(object_, arguments, &result);
-        case VT_VOID: return member_.invoke(object_, arguments, nullptr);
-        case VT_RECORD: return callForRecord(arguments, result);
-        default: {
-            const auto answer = member_.invoke(object_, arguments, &result.byref);
-            if (SUCCEEDED(answer)) result.vt = type;
-            return answer;
-        }
-    }
-}
-
-HRESULT Call::callForRecord(VARIANT* arguments, VARIANT& result) noexcept {
-    ComPointer<ITypeInfo> description;
-    ComPointer<IRecordInfo> record;
-    auto answer = publication_.library.describe(identifier(member_.result.number), description.put());
-    if (SUCCEEDED(answer)) answer = GetRecordInfoFromTypeInfo(description.get(), record.put());
-    if (FAILED(answer)) return answer;
-    void* const made = record->RecordCreate();
-    if (!made) return E_OUTOFMEMORY;
-    answer = member_.invoke(object_, arguments, made);
-    if (FAILED(answer)) {
-        record->RecordDestroy(made);
-        return answer;
-    }
-    result.vt = VT_RECORD;
-    result.pvRecord = made;
-    result.pRecInfo = record.release();
-    return answer;
+    return type == VT_DISPATCH ? checkObject(parameter.type.described, value.pdispVal) : S_OK;
 }
 
 HRESULT Call::writeBack() noexcept {
     HRESULT answer = S_OK;
-    for (std::size_t i = 0; i < filled_; ++i) {
+    for (std::size_t i = 0; i < cellCount_; ++i) {
         Cell& cell = cells_[i];
         if (!cell.writeTo) continue;
         VARIANT& variable = held(*cell.writeTo);
         HRESULT stored = S_OK;
         if (variable.vt & VT_BYREF) {
-            stored = storeTyped(variable, cell.own, locale_);
+            stored = storeTyped(variable, cell.value, locale_);
         } else {
-            VARIANT before = std::exchange(variable, cell.own);
-            cell.own.vt = VT_EMPTY;
+            VARIANT before = std::exchange(variable, cell.value);
+            cell.value.vt = VT_EMPTY;
             VariantClear(&before);
         }
         if (FAILED(stored)) {
-            badArgument_ = indexOf(cell);
+            badArgument_ = indexOf(cell.writeTo);
             answer = stored;
         }
     }
     return answer;
+}
+
+// Apart from the straight call, which would otherwise pay for this one's large frame.
+[[gnu::noinline]] HRESULT convertAndCall(Instance* object, const Publication& publication,
+                                         const Member& member, const DISPPARAMS& given, LCID locale,
+                                         VARIANT& result, EXCEPINFO* exception, UINT* badArgument) {
+    return Call(object, publication, member, given, locale).run(result, exception, badArgument);
+}
+
+}  // namespace
+
+HRESULT call(Instance* object, const Publication& publication, const Member& member, const DISPPARAMS& given,
+             LCID locale, VARIANT& result, EXCEPINFO* exception, UINT* badArgument) noexcept {
+    if (!fitsAsItIs(publication.parametersOf(member), given))
+        return convertAndCall(object, publication, member, given, locale, result, exception, badArgument);
+    const auto answer = callSlot(object, publication, member, given.rgvarg, result);
+    return FAILED(answer) ? explain(answer, exception) : answer;
 }
 
 }  // namespace vorla::dispatch

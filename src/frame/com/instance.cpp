@@ -108,18 +108,20 @@ HRESULT STDMETHODCALLTYPE Instance::getIdsOfNames(Instance* self, REFIID reserve
 HRESULT STDMETHODCALLTYPE Instance::invoke(Instance* self, DISPID id, REFIID reserved, LCID locale,
                                            WORD flags, DISPPARAMS* arguments, VARIANT* result,
                                            EXCEPINFO* exception, UINT* badArgument) noexcept {
+    const auto refuse = [result](HRESULT failure) {
+        if (result) VariantInit(result);
+        return failure;
+    };
+    if (reserved != IID_NULL) return refuse(DISP_E_UNKNOWNINTERFACE);
+    if (!arguments) return refuse(E_POINTER);
+    const Publication& publication = self->publication_;
+    const Member* const member = publication.find(id, flags);
+    if (!member) return refuse(DISP_E_MEMBERNOTFOUND);
+
     // The result is stored last: a host may use one variable as argument and result.
-    VARIANT outcome;
-    VariantInit(&outcome);
-    const auto answer = [&]() -> HRESULT {
-        if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
-        if (!arguments) return E_POINTER;
-        const Publication& publication = self->publication_;
-        const Member* const member = publication.find(id, flags);
-        if (!member) return DISP_E_MEMBERNOTFOUND;
-        return dispatch::Call(self, publication, *member, *arguments, locale)
-            .run(outcome, exception, badArgument);
-    }();
+    VARIANT outcome{};
+    const auto answer =
+        dispatch::call(self, publication, *member, *arguments, locale, outcome, exception, badArgument);
     if (result)
         *result = outcome;
     else

@@ -1,7 +1,5 @@
 #include "frame/com/publication.h"
 
-#include <algorithm>
-
 #include "frame/contract/identifiers.h"
 #include "frame/values/unique_handle.h"
 
@@ -22,15 +20,6 @@ const Member* Publication::find(TextView sought) const {
         const Member& member = members[byName[place] - 1u];
         if (sameName(member.name, sought)) return &member;
     }
-    return nullptr;
-}
-
-const Member* Publication::find(DISPID id, WORD flags) const {
-    auto place =
-        std::lower_bound(byIdentifier.begin(), byIdentifier.end(), id,
-                         [this](std::uint8_t index, DISPID sought) { return members[index].id < sought; });
-    for (; place != byIdentifier.end() && members[*place].id == id; ++place)
-        if (members[*place].answers(flags)) return &members[*place];
     return nullptr;
 }
 

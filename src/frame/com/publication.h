@@ -22,9 +22,14 @@ struct Default {
     const wchar_t* text = L"";
 };
 
+/// No variant is of this type.
+constexpr VARTYPE noType = 0xFFFF;
+
 struct Parameter {
     const wchar_t* name = nullptr;
     TypeUse type;
+    // The type of an argument that can be handed to the slot as it is; noType where one must be looked at.
+    VARTYPE exactType = noType;
     bool optional = false;
     Default whenMissing;
 };
@@ -43,7 +48,8 @@ enum class MemberKind : std::uint8_t {
 constexpr std::size_t parameterLimit = 16;
 
 /// Calls a member's slot with arguments that already have the slot's types: each in the payload of its
-/// variant, a by-value variant as the variant itself. `result` is where the slot's result goes.
+/// variant, a by-value variant as the variant itself, the last one first, as hosts lay them. `result` is
+/// where the slot's result goes.
 using Invoker = HRESULT (*)(Instance*, VARIANT* arguments, void* result);
 
 struct Member {
@@ -88,7 +94,7 @@ struct Publication : ClassEntry {
     std::span<const Member> members;  // in declaration order, which is the vtable's
     std::span<const Parameter> parameters;
     std::span<const std::uint8_t> byName;        // open addressing by folded name; 0 is free, else index + 1
-    std::span<const std::uint8_t> byIdentifier;  // indexes of members in the order of their identifiers
+    std::span<const std::uint8_t> byIdentifier;  // the same by identifier
     const void* const* vtable;
     Instance* (*create)(const Publication&);
     void (*destroy)(Instance*);
@@ -129,14 +135,29 @@ constexpr wchar_t folded(wchar_t character) {
 constexpr bool sameName(TextView one, TextView other) {
     if (one.size() != other.size()) return false;
     for (std::size_t i = 0; i < one.size(); ++i)
-        if (folded(one[i]) != folded(other[i])) return false;
+        if (one[i] != other[i] && folded(one[i]) != folded(other[i])) return false;
     return true;
+}
+
+// Identifiers count from the same 0 in each kind of member.
+constexpr std::uint32_t identifierHash(DISPID id) {
+    return (static_cast<std::uint32_t>(id) * 2654435769u) >> 16;
 }
 
 constexpr std::uint32_t nameHash(TextView name) {
     std::uint32_t hash = 2166136261u;
     for (const wchar_t character : name) hash = (hash ^ folded(character)) * 16777619u;
     return hash ^ (hash >> 15);
+}
+
+inline const Member* Publication::find(DISPID id, WORD flags) const {
+    if (byIdentifier.empty()) return nullptr;
+    const auto mask = byIdentifier.size() - 1;
+    for (auto place = identifierHash(id) & mask; byIdentifier[place] != 0; place = (place + 1) & mask) {
+        const Member& member = members[byIdentifier[place] - 1u];
+        if (member.id == id && member.answers(flags)) return &member;
+    }
+    return nullptr;
 }
 
 }  // namespace vorla

@@ -13,7 +13,6 @@
 // public fields take 0x40030000 plus their ordinal.
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstring>
@@ -206,7 +205,7 @@ struct Slot<Procedure, TypeList<P...>, Result> {
 
     static HRESULT invoke(Instance* self, [[maybe_unused]] VARIANT* arguments, void* result) {
         return [&]<std::size_t... i>(std::index_sequence<i...>) {
-            return call(self, rawArgument<typename Crossing<P>::Raw>(arguments[i])...,
+            return call(self, rawArgument<typename Crossing<P>::Raw>(arguments[sizeof...(P) - 1 - i])...,
                         static_cast<typename Crossing<Result>::Raw*>(result));
         }
         (std::index_sequence_for<P...>());
@@ -232,7 +231,7 @@ struct Slot<Procedure, TypeList<P...>, void> {
 
     static HRESULT invoke(Instance* self, [[maybe_unused]] VARIANT* arguments, void*) {
         return [&]<std::size_t... i>(std::index_sequence<i...>) {
-            return call(self, rawArgument<typename Crossing<P>::Raw>(arguments[i])...);
+            return call(self, rawArgument<typename Crossing<P>::Raw>(arguments[sizeof...(P) - 1 - i])...);
         }
         (std::index_sequence_for<P...>());
     }
@@ -309,7 +308,7 @@ public:
                 members_,
                 parameters_,
                 byName_,
-                std::span(byIdentifier_).first(visible_),
+                byIdentifier_,
                 vtable,
                 &InstanceOf<Class>::create,
                 &InstanceOf<Class>::destroy};
@@ -348,6 +347,7 @@ private:
         for (std::size_t i = 0; i < types.size(); ++i) {
             Parameter& parameter = parameters_[filledParameters_++];
             parameter.type = types[i];
+            parameter.exactType = exactType(types[i]);
             if (i >= row.parameters.size()) continue;  // the new value of a property
             parameter.name = row.parameters[i].name;
             parameter.optional = row.parameters[i].optional;
@@ -355,6 +355,12 @@ private:
             if (optionalBefore && !parameter.optional) throw "a required parameter follows an optional one";
             optionalBefore = parameter.optional;
         }
+    }
+
+    static constexpr VARTYPE exactType(TypeUse use) {
+        const bool plain = use.described == Described::no || use.described == Described::enumeration;
+        if (!plain) return noType;
+        return static_cast<VARTYPE>(use.byReference ? use.type | VT_BYREF : use.type);
     }
 
     // The accessors of one property share an identifier. Properties are first counted upward.
@@ -388,15 +394,14 @@ private:
         }
     }
 
+    // The accessors of a property keep their order.
     constexpr void indexIdentifiers() {
-        for (std::size_t i = 0; i < count; ++i)
-            if (members_[i].kind != MemberKind::reserved)
-                byIdentifier_[visible_++] = static_cast<std::uint8_t>(i);
-        std::sort(byIdentifier_.begin(), byIdentifier_.begin() + visible_,
-                  [this](std::uint8_t one, std::uint8_t other) {
-                      return members_[one].id != members_[other].id ? members_[one].id < members_[other].id
-                                                                    : one < other;
-                  });
+        for (std::size_t i = 0; i < count; ++i) {
+            if (members_[i].kind == MemberKind::reserved) continue;
+            auto place = identifierHash(members_[i].id) & (byIdentifier_.size() - 1);
+            while (byIdentifier_[place] != 0) place = (place + 1) & (byIdentifier_.size() - 1);
+            byIdentifier_[place] = static_cast<std::uint8_t>(i + 1);
+        }
     }
 
     static inline const void* const vtable[] = {
@@ -414,10 +419,9 @@ private:
     std::array<Member, count> members_{};
     std::array<Parameter, parameterCount> parameters_{};
     std::array<std::uint8_t, std::bit_ceil(2 * count + 1)> byName_{};
-    std::array<std::uint8_t, count> byIdentifier_{};
+    std::array<std::uint8_t, std::bit_ceil(2 * count + 1)> byIdentifier_{};
     std::size_t filled_ = 0;
     std::size_t filledParameters_ = 0;
-    std::size_t visible_ = 0;
     std::size_t methodCount_ = 0;
     std::size_t propertyCount_ = 0;
     std::size_t fieldCount_ = 0;

@@ -1,5 +1,8 @@
 #include "frame/declarations/fields.h"
 
+#include <algorithm>
+
+#include "frame/declarations/matcher.h"
 #include "frame/values/runtime_error.h"
 
 namespace vorla {
@@ -12,25 +15,16 @@ public:
         : text_(text),
           separator_(separator),
           // One character is compared with the whole separator, so a longer one is always added.
-          front_(text.substr(0, 1) == separator ? 0 : separator.size()),
-          back_(text.substr(text.size() - 1) == separator ? 0 : separator.size()) {}
+          front_(isSeparator(text.front()) ? 0 : separator.size()),
+          back_(isSeparator(text.back()) ? 0 : separator.size()) {}
 
     std::size_t length() const { return front_ + text_.size() + back_; }
 
-    /// Where a separator begins at or after `from`; 0 when none does.
-    std::size_t next(std::size_t from) const {
-        for (auto position = from; position + separator_.size() <= length() + 1; ++position)
-            if (separatorAt(position)) return checkedPosition(position);
-        return 0;
-    }
-
-    /// Where the last separator that ends before `end` begins; 0 when none does.
-    std::size_t previous(std::size_t end) const {
-        for (auto position = end; position-- > separator_.size();) {
-            const auto begin = position - separator_.size() + 1;
-            if (separatorAt(begin)) return begin;
-        }
-        return 0;
+    wchar_t at(std::size_t position) const {
+        if (position <= front_) return separator_[position - 1];
+        position -= front_;
+        if (position <= text_.size()) return text_[position - 1];
+        return separator_[position - text_.size() - 1];
     }
 
     /// The characters [begin, end). Separators that a field lies between are never part of it, so these
@@ -41,18 +35,7 @@ public:
     }
 
 private:
-    wchar_t at(std::size_t position) const {
-        if (position <= front_) return separator_[position - 1];
-        position -= front_;
-        if (position <= text_.size()) return text_[position - 1];
-        return separator_[position - text_.size() - 1];
-    }
-
-    bool separatorAt(std::size_t position) const {
-        for (std::size_t i = 0; i < separator_.size(); ++i)
-            if (at(position + i) != separator_[i]) return false;
-        return true;
-    }
+    bool isSeparator(wchar_t character) const { return separator_.size() == 1 && separator_[0] == character; }
 
     TextView text_;
     TextView separator_;
@@ -60,21 +43,63 @@ private:
     std::size_t back_;
 };
 
-std::size_t separatorFromStart(const FramedText& framed, std::size_t rank) {
+// The separators of a framed text in order, overlapping ones too.
+class Separators {
+public:
+    /// Those that begin at or after `from`.
+    Separators(const FramedText& framed, const Matcher& separator, std::size_t from)
+        : framed_(framed), separator_(separator), read_(from - 1) {}
+
+    /// Where the next one begins; 0 when there is none left.
+    std::size_t next() {
+        while (read_ < framed_.length()) {
+            matched_ = separator_.read(matched_, framed_.at(++read_));
+            if (separator_.isWhole(matched_)) return checkedPosition(read_ + 1 - separator_.length());
+        }
+        return 0;
+    }
+
+    void restart() { read_ = matched_ = 0; }
+
+private:
+    const FramedText& framed_;
+    const Matcher& separator_;
+    std::size_t read_;
+    std::size_t matched_ = 0;
+};
+
+bool contains(TextView text, const Matcher& sought) {
+    std::size_t matched = 0;
+    return std::any_of(text.begin(), text.end(), [&](wchar_t character) {
+        matched = sought.read(matched, character);
+        return sought.isWhole(matched);
+    });
+}
+
+std::size_t separatorFromStart(const FramedText& framed, const Matcher& separator, std::size_t rank) {
+    Separators separators(framed, separator, 1);
     std::size_t position = 0;
     for (std::size_t found = 0; found < rank; ++found) {
-        position = framed.next(position + 1);
+        position = separators.next();
+        if (position != 0) continue;
         // A failed search starts over at the first character, so the answers repeat with this period;
         // hosts count on the repetition.
-        if (position == 0) rank = rank % (found + 1) + found + 1;
+        rank = rank % (found + 1) + found + 1;
+        separators.restart();
     }
     return position;
 }
 
-std::size_t separatorFromEnd(const FramedText& framed, std::size_t rank) {
+std::size_t separatorFromEnd(const FramedText& framed, TextView separator, std::size_t rank) {
+    const Text reversed(separator.rbegin(), separator.rend());
+    const Matcher matcher(reversed);
     auto position = checkedPosition(framed.length());
-    for (std::size_t i = 1; i <= rank && position != 0; ++i) {
-        position = framed.previous(position);
+    // Backwards, a separator begins before the one found last: none of them overlap.
+    for (std::size_t i = 1; i <= rank; ++i) {
+        for (std::size_t matched = 0; !matcher.isWhole(matched);) {
+            if (--position == 0) return 0;
+            matched = matcher.read(matched, framed.at(position));
+        }
         if (position == 1 && i < rank) return 0;
     }
     return position;
@@ -85,11 +110,13 @@ std::size_t separatorFromEnd(const FramedText& framed, std::size_t rank) {
 TextView ExtraitChamp(TextView Chaine, std::int16_t Rang, TextView Separateur, bool DepuisLaFin) {
     const TextView separator = Separateur.empty() ? TextView(L"\t") : Separateur;
     const std::size_t rank = Rang < 1 ? 1 : static_cast<std::size_t>(Rang);
-    if (Chaine.find(separator) == TextView::npos) return rank == 1 ? Chaine : TextView();
+    const Matcher matcher(separator);
+    if (!contains(Chaine, matcher)) return rank == 1 ? Chaine : TextView();
 
     const FramedText framed(Chaine, separator);
-    const auto before = DepuisLaFin ? separatorFromEnd(framed, rank) : separatorFromStart(framed, rank);
-    const auto after = framed.next(before + 1);
+    const auto before =
+        DepuisLaFin ? separatorFromEnd(framed, separator, rank) : separatorFromStart(framed, matcher, rank);
+    const auto after = Separators(framed, matcher, before + 1).next();
     if (after < before + 2) return {};
     return framed.between(before + separator.size(), after);
 }

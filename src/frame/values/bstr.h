@@ -27,7 +27,10 @@ public:
         std::swap(text_, other.text_);
         return *this;
     }
-    ~Bstr() { SysFreeString(text_); }
+    ~Bstr() {
+        // Most are empty by then: what they owned was handed on.
+        if (text_) SysFreeString(text_);
+    }
 
     TextView view() const { return viewOf(text_); }
     BSTR get() const { return text_; }

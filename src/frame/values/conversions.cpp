@@ -1,5 +1,6 @@
 #include "frame/values/conversions.h"
 
+#include <cmath>
 #include <new>
 
 #include "frame/values/invocation.h"
@@ -102,13 +103,9 @@ Text withCase(TextView text, DWORD mapping) {
 
 }  // namespace
 
-ValueText::ValueText(VariantView value) {
-    if (value.type() == VT_BSTR) {
-        view_ = viewOf(value.raw().bstrVal);
-        return;
-    }
+TextView ValueText::write(const VariantView& value) {
     written_ = written(value, LOCALE_USER_DEFAULT, asHostsJoin);
-    view_ = written_.view();
+    return written_.view();
 }
 
 Bstr numberToInvariantText(VariantView number) {
@@ -147,6 +144,39 @@ Bstr roundedNumber(TextView numeric) {
 Bstr generalNumber(TextView numeric) {
     Bstr result;
     check(VarBstrFromR8(numberOf(numeric), LOCALE_USER_DEFAULT, 0, result.put()));
+    return result;
+}
+
+namespace {
+
+Variant decimalOf(double number) {
+    if (!std::isfinite(number)) throw RuntimeError(ErrorNumber::overflow);
+    Variant result;
+    DECIMAL decimal;
+    check(VarDecFromR8(number, &decimal));
+    // A decimal fills the whole variant, its type included.
+    result.put()->decVal = decimal;
+    result.put()->vt = VT_DECIMAL;
+    return result;
+}
+
+}  // namespace
+
+Bstr formatted(double number, TextView format) {
+    // Outside of these a double's own text has an exponent, which the formats of some systems repeat.
+    constexpr double firstDigits = 1e-4, firstExponent = 1e15;
+    const double size = std::abs(number);
+    const bool hasDigits = number == 0 || (size >= firstDigits && size < firstExponent);
+    Variant value = hasDigits ? Variant(number) : decimalOf(number);
+    Bstr result;
+    check(VarFormat(value.put(), Text(format).data(), 0, 0, 0, result.put()));
+    return result;
+}
+
+Bstr decimalText(double number) {
+    Variant value = decimalOf(number);
+    Bstr result;
+    check(VarBstrFromDec(&value.put()->decVal, LOCALE_USER_DEFAULT, 0, result.put()));
     return result;
 }
 

@@ -42,11 +42,14 @@ Variant converted(VariantView value, VARTYPE type);
 /// property.
 class ValueText {
 public:
-    explicit ValueText(VariantView value);
+    explicit ValueText(const VariantView& value)
+        : view_(value.type() == VT_BSTR ? viewOf(value.raw().bstrVal) : write(value)) {}
 
     TextView view() const { return view_; }
 
 private:
+    TextView write(const VariantView& value);
+
     Bstr written_;
     TextView view_;
 };
@@ -64,6 +67,13 @@ Bstr roundedNumber(TextView numeric);
 
 /// A numeric text in the general form of the user's locale.
 Bstr generalNumber(TextView numeric);
+
+/// A number through a format: a pattern or the name of one of the system's formats. Locale: the user's.
+/// Error 6 for what is no number and for a number of more than 28 digits.
+Bstr formatted(double number, TextView format);
+
+/// A number in digits, never with an exponent. Locale and errors as above.
+Bstr decimalText(double number);
 
 /// Letters changed by the user's locale; everything else stays. The length stays too.
 Text upperCased(TextView text);

@@ -45,9 +45,23 @@ struct RegistryKey {
     static void close(Handle handle) { RegCloseKey(handle); }
 };
 
+struct File {
+    using Handle = HANDLE;
+    static Handle invalid() { return INVALID_HANDLE_VALUE; }
+    static void close(Handle handle) { CloseHandle(handle); }
+};
+
+struct FileSearch {
+    using Handle = HANDLE;
+    static Handle invalid() { return INVALID_HANDLE_VALUE; }
+    static void close(Handle handle) { FindClose(handle); }
+};
+
 }  // namespace handle_kinds
 
 using RegistryKey = UniqueHandle<handle_kinds::RegistryKey>;
+using File = UniqueHandle<handle_kinds::File>;
+using FileSearch = UniqueHandle<handle_kinds::FileSearch>;
 
 /// Owns one reference to a COM object.
 template <class Interface>

@@ -6,7 +6,7 @@
 
 namespace vorla {
 
-VariantView::VariantView(const VARIANT& value) noexcept : value_(value) {
+void VariantView::follow() noexcept {
     if (value_.vt == (VT_BYREF | VT_VARIANT)) {
         // A variable that a script passes; it refers to no further variant.
         const VARIANT variable = *value_.pvarVal;

@@ -15,7 +15,9 @@ namespace vorla {
 /// another or to a typed variable is followed to the value itself.
 class VariantView {
 public:
-    VariantView(const VARIANT& value) noexcept;
+    VariantView(const VARIANT& value) noexcept : value_(value) {
+        if (value_.vt & VT_BYREF) follow();
+    }
 
     VARTYPE type() const { return value_.vt; }
     bool isEmpty() const { return type() == VT_EMPTY; }
@@ -29,6 +31,8 @@ public:
     const VARIANT& raw() const { return value_; }
 
 private:
+    void follow() noexcept;
+
     VARIANT value_;
 };
 

@@ -3,7 +3,8 @@
 #pragma once
 
 #include <cstddef>
-#include <vector>
+#include <cstdint>
+#include <memory>
 
 #include "frame/values/text.h"
 
@@ -13,6 +14,8 @@ class Matcher {
 public:
     /// `sought` is not empty and outlives the matcher.
     explicit Matcher(TextView sought);
+    Matcher(const Matcher&) = delete;
+    Matcher& operator=(const Matcher&) = delete;
 
     /// How many characters of the sought text are matched after reading one more.
     std::size_t read(std::size_t matched, wchar_t character) const {
@@ -27,9 +30,14 @@ public:
     std::size_t length() const { return sought_.size(); }
 
 private:
+    // What hosts look for is mostly a word or less, which needs no memory of its own.
+    static constexpr std::size_t few = 32;
+
     TextView sought_;
+    std::unique_ptr<std::uint32_t[]> many_;
+    std::uint32_t few_[few];
     // For each prefix, the length of the longest shorter prefix that it ends with.
-    std::vector<std::size_t> borders_;
+    std::uint32_t* borders_;
 };
 
 }  // namespace vorla

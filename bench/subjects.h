@@ -1,0 +1,21 @@
+// The groups of rows that the benchmark measures.
+#pragma once
+
+#include "calls.h"
+#include "harness.h"
+
+namespace vorla::bench {
+
+/// Invoke and the lookup of names, ours against the type library's.
+void measureLateBinding(Bench& bench, const Component& component);
+
+/// Methods called through the vtable against plain functions that make the same string.
+void measureEarlyBinding(Bench& bench, const Component& component);
+
+/// Making and releasing an object, against another in-process class.
+void measureCreation(Bench& bench, const Component& component);
+
+/// Time per character for long texts against short ones.
+void measureGrowth(Bench& bench, const Component& component);
+
+}  // namespace vorla::bench
