@@ -50,6 +50,14 @@ Bstr numberToInvariantText(VariantView number);
 /// blanks, a currency sign, parentheses or a trailing minus for a negative one.
 bool isNumeric(TextView text);
 
+/// A value through a number or date format, by the user's locale. A text that is no number under a number
+/// format stays as it is.
+Bstr formattedValue(VariantView value, const wchar_t* format);
+
+/// A value as another type, by the user's locale. Error 13 when it cannot be read so, 6 when it does not
+/// fit.
+Variant converted(VariantView value, VARTYPE type);
+
 /// A numeric text rounded to a whole number, halves away from zero as formats round; "-" and digits.
 Bstr roundedNumber(TextView numeric);
 
