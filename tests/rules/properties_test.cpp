@@ -34,6 +34,9 @@ TEST(Properties, OccurrencesFollowTheirSteps) { expectAgreement(compare::occurre
 TEST(Properties, QuotingFollowsItsSteps) { expectAgreement(compare::quoting, {0}); }
 TEST(Properties, KeysFollowTheirSteps) { expectAgreement(compare::keys, {0, 5}); }
 TEST(Properties, TheNextCodeFollowsItsSteps) { expectAgreement(compare::nextCode, {0, 5, 6}); }
+TEST(Properties, AmountsFollowTheirSteps) { expectAgreement(compare::amounts, {0}); }
+TEST(Properties, TheBankKeyFollowsItsSteps) { expectAgreement(compare::bankKey, {0}); }
+TEST(Properties, DatesFollowTheirSteps) { expectAgreement(compare::dateOrder, {0, 5}); }
 
 }  // namespace
 }  // namespace vorla
