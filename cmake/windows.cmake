@@ -44,7 +44,9 @@ add_library(vorla_classes OBJECT
     src/system/VorlaSystem.publication.cpp
     src/text/VorlaChaine.cpp
     src/text/VorlaChaine.publication.cpp
+    src/text/VorlaDate.cpp
     src/text/VorlaDate.publication.cpp
+    src/text/VorlaNumerique.cpp
     src/text/VorlaNumerique.publication.cpp)
 target_link_libraries(vorla_classes PUBLIC vorla_frame)
 

@@ -5,6 +5,9 @@
 
 namespace vorla {
 
-PUBLISH(VorlaDate)
+PUBLISH(VorlaDate, METHOD(DateAMJtoJMA, L"Dat", optional(L"Separateur", true)),
+        METHOD(DateJMAtoAMJ, L"Dat", optional(L"Separateur", false)),
+        METHOD(Invd, L"Dat", optional(L"JMA", true)),
+        METHOD(DateEnTexte, L"Dt", optional(L"UseSystemDate", true)))
 
 }  // namespace vorla

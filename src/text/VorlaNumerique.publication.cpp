@@ -5,6 +5,10 @@
 
 namespace vorla {
 
-PUBLISH(VorlaNumérique)
+PUBLISH(VorlaNumérique, METHOD(NumFrmtSys, L"Montant", optional(L"ZéroSignificatif", true)),
+        METHOD(NumFrmtEnr, L"Montant"),
+        RESERVED_SLOT,  // the routine behind the two members that follow
+        METHOD(RIBControle, L"Code_banque", L"Code_guichet", L"N°_Compte", L"Clé_Rib"),
+        METHOD(RIBClé, L"Code_banque", L"Code_guichet", L"N°_Compte"))
 
 }  // namespace vorla

@@ -13,6 +13,7 @@
 #include "frame/specimen.h"
 #include "frame/values/conversions.h"
 #include "support/automation.h"
+#include "support/no_dialogs.h"
 #include "support/scripted_object.h"
 
 namespace vorla::test {
@@ -373,6 +374,7 @@ TEST_F(Differential, everythingThatCanBePublished) {
 }
 
 TEST_F(Differential, everyMemberOfTheComponent) {
+    const NoDialogs messagesAreTestedElsewhere;
     for (const Publication* publication : catalogue()) compareAll(*publication, 600);
     EXPECT_GE(compared_, 5000);
     expectSeen({Difference::none, Difference::typedByReference, Difference::missingInVariable,

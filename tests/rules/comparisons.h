@@ -9,6 +9,9 @@
 #include "frame/declarations/paths.h"
 #include "naive.h"
 #include "outcome.h"
+#include "text/amounts.h"
+#include "text/bank_key.h"
+#include "text/date_order.h"
 #include "text/keys.h"
 #include "text/occurrences.h"
 #include "text/padding.h"
@@ -153,6 +156,50 @@ inline Comparison extensions(Arguments& arguments) {
     return compared(call("withExtension", path, old, wanted),
                     outcomeOf([&] { return withExtension(path, old, wanted); }),
                     outcomeOf([&] { return naive::withExtension(path, old, wanted); }));
+}
+
+inline Comparison amounts(Arguments& arguments) {
+    const Text text = arguments.farText(TextView(L"0123--.., \0\u00A0", 12), 15, L'7');
+    const wchar_t separator = L",.0"[arguments.byte() % 3];
+    if (arguments.flag())
+        return compared(call("withSystemSign", text, separator),
+                        outcomeOf([&] { return withSystemSign(text, separator); }),
+                        outcomeOf([&] { return naive::systemAmount(text, separator); }));
+    return compared(call("withPoint", text, separator), outcomeOf([&] { return withPoint(text, separator); }),
+                    outcomeOf([&] { return naive::storedAmount(text, separator); }));
+}
+
+// Whole accounts against the long division; any other text must only be read safely.
+inline Comparison bankKey(Arguments& arguments) {
+    const auto code = [&](TextView alphabet, std::size_t length) {
+        Text result(length, L'0');
+        for (wchar_t& character : result) character = alphabet[arguments.byte() % alphabet.size()];
+        return result;
+    };
+    const Text bank = code(L"0123456789", 5), branch = code(L"0123456789", 5);
+    const Text account = code(L"0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ", 11);
+    const Text odd = arguments.farText(L"0159+-.,eED \t/xZ", 15, L'9');
+    const auto ignored = outcomeOf(
+        [&] { return std::to_wstring(bankRemainder(odd, odd, accountDigits(odd)) + bankKeyFits(1, odd)); });
+    if (ignored.error() != 0 && ignored.error() != 6) return {false, 0, call("bankRemainder", odd)};
+    return compared(call("bankRemainder", bank, branch, account), outcomeOf([&] {
+                        return std::to_wstring(bankRemainder(bank, branch, accountDigits(account)));
+                    }),
+                    outcomeOf([&] { return std::to_wstring(naive::bankRemainder(bank, branch, account)); }));
+}
+
+inline Comparison dateOrder(Arguments& arguments) {
+    const Text date = arguments.farText(TextView(L"012345--/.\0\u00E9", 12), 15, L'2');
+    const Text separator = arguments.text(L"/.", 1);
+    const auto parts = withoutSeparator(date, [](wchar_t c) { return c >= L'0' && c <= L'9'; });
+    if (parts != naive::dateParts(date)) return {false, 0, call("withoutSeparator", date)};
+    if (arguments.flag())
+        return compared(call("dayFirst", parts, separator),
+                        outcomeOf([&] { return dayFirst(parts, separator); }),
+                        outcomeOf([&] { return naive::dayFirst(parts, separator); }));
+    return compared(call("yearFirst", parts, separator),
+                    outcomeOf([&] { return yearFirst(parts, separator); }),
+                    outcomeOf([&] { return naive::yearFirst(parts, separator); }));
 }
 
 }  // namespace compare

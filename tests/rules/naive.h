@@ -241,4 +241,48 @@ inline String withExtension(String path, const String& old, const String& wanted
     return path;
 }
 
+// A typed amount: character by character up to the first foreign one.
+inline String systemAmount(const String& amount, wchar_t separator) {
+    for (long i = 1; i <= length(amount); ++i) {
+        const wchar_t c = middle(amount, i, 1)[0];
+        if ((c < L'0' || c > L'9') && c != L'-') return left(amount, i - 1) + separator + from(amount, i + 1);
+    }
+    return amount;
+}
+
+inline String storedAmount(const String& amount, wchar_t separator) {
+    const long p = firstPlace(amount, String(1, separator), 1);
+    return p == 0 ? amount : left(amount, p - 1) + L"." + from(amount, p + 1);
+}
+
+// The whole number of 21 digits divided as on paper, each letter by its row of the table.
+inline long bankRemainder(const String& bank, const String& branch, const String& account) {
+    long remainder = 0;
+    for (const wchar_t c : bank + branch + account) {
+        const String rows[] = {L"0",    L"1AJ",  L"2BKS", L"3CLT", L"4DMU",
+                               L"5ENV", L"6FOW", L"7GPX", L"8HQY", L"9IRZ"};
+        for (long digit = 0; digit < 10; ++digit)
+            if (firstPlace(rows[digit], String(1, c), 1) != 0) remainder = (remainder * 10 + digit) % 97;
+    }
+    return remainder;
+}
+
+inline String dateParts(const String& date) {
+    String w = date, separator;
+    for (const wchar_t c : date)
+        if (separator.empty() && (c < L'0' || c > L'9')) separator = c;
+    if (separator.empty()) return w;
+    for (long p = firstPlace(w, separator, 1); p != 0; p = firstPlace(w, separator, 1))
+        w = left(w, p - 1) + from(w, p + 1);
+    return w;
+}
+
+inline String dayFirst(const String& w, const String& separator) {
+    return right(w, 2) + separator + middle(w, length(w) - 3, 2) + separator + left(w, length(w) - 4);
+}
+
+inline String yearFirst(const String& w, const String& separator) {
+    return right(w, length(w) - 4) + separator + middle(w, 3, 2) + separator + left(w, 2);
+}
+
 }  // namespace vorla::naive

@@ -133,13 +133,15 @@ bool isNumeric(TextView text) {
     return SUCCEEDED(parseNumber(text, value));
 }
 
-Bstr roundedNumber(TextView numeric) {
-    Variant number(numberOf(numeric));
-    wchar_t format[] = L"0";
+Bstr formattedValue(VariantView value, const wchar_t* format) {
+    // The function writes to neither, which its declaration does not say.
+    auto read = value.raw();
     Bstr result;
-    check(VarFormat(number.put(), format, 0, 0, 0, result.put()));
+    check(VarFormat(&read, const_cast<LPOLESTR>(format), 0, 0, 0, result.put()));
     return result;
 }
+
+Bstr roundedNumber(TextView numeric) { return formattedValue(Variant(numberOf(numeric)).view(), L"0"); }
 
 Bstr generalNumber(TextView numeric) {
     Bstr result;

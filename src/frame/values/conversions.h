@@ -62,6 +62,10 @@ Bstr numberToInvariantText(VariantView number);
 /// blanks, a currency sign, parentheses or a trailing minus for a negative one.
 bool isNumeric(TextView text);
 
+/// A value through a number or date format, by the user's locale. A text that is no number under a number
+/// format stays as it is.
+Bstr formattedValue(VariantView value, const wchar_t* format);
+
 /// A numeric text rounded to a whole number, halves away from zero as formats round; "-" and digits.
 Bstr roundedNumber(TextView numeric);
 

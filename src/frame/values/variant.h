@@ -51,6 +51,7 @@ public:
     Variant(double value) noexcept : Variant(Type{VT_R8}) { value_.dblVal = value; }
     Variant(Currency value) noexcept : Variant(Type{VT_CY}) { value_.cyVal.int64 = value.scaled; }
     Variant(Date value) noexcept : Variant(Type{VT_DATE}) { value_.date = value.days; }
+    Variant(Bstr text) noexcept : Variant(Type{VT_BSTR}) { value_.bstrVal = text.detach(); }
     Variant(TextView text) : Variant(Type{VT_BSTR}) { value_.bstrVal = Bstr(text).detach(); }
     Variant(const Variant& other);  // a reference stays one
     Variant(Variant&& other) noexcept : value_(other.detach()) {}
