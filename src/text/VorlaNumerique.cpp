@@ -29,8 +29,8 @@ bool isAmountType(VARTYPE type) {
     }
 }
 
-// The remainder of an account. A code that is no number is told to the user and answered with False, which
-// hosts cannot tell from 0; nor do the members below.
+// The remainder of an account. A code that is no number is told to the user and answered with False: a 0,
+// since the members below treat both alike, as old hosts know it.
 std::int32_t remainder(TextView bank, TextView branch, TextView account) {
     if (!isNumeric(bank)) {
         messageBox(L"Code banque non numérique");
