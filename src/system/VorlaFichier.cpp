@@ -62,7 +62,7 @@ public:
     Text grouped(double number) const override { return through(L"### ### ### ### ### ##0", number); }
 
 private:
-    static Text through(TextView format, double number) { return Text(formatted(number, format).view()); }
+    static Text through(const wchar_t* format, double number) { return Text(formatted(number, format).view()); }
 };
 
 }  // namespace

@@ -164,15 +164,13 @@ Variant decimalOf(double number) {
 
 }  // namespace
 
-Bstr formatted(double number, TextView format) {
+Bstr formatted(double number, const wchar_t* format) {
     // Outside of these a double's own text has an exponent, which the formats of some systems repeat.
     constexpr double firstDigits = 1e-4, firstExponent = 1e15;
     const double size = std::abs(number);
     const bool hasDigits = number == 0 || (size >= firstDigits && size < firstExponent);
-    Variant value = hasDigits ? Variant(number) : decimalOf(number);
-    Bstr result;
-    check(VarFormat(value.put(), Text(format).data(), 0, 0, 0, result.put()));
-    return result;
+    const Variant value = hasDigits ? Variant(number) : decimalOf(number);
+    return formattedValue(value.view(), format);
 }
 
 Bstr decimalText(double number) {

@@ -74,7 +74,7 @@ Bstr generalNumber(TextView numeric);
 
 /// A number through a format: a pattern or the name of one of the system's formats. Locale: the user's.
 /// Error 6 for what is no number and for a number of more than 28 digits.
-Bstr formatted(double number, TextView format);
+Bstr formatted(double number, const wchar_t* format);
 
 /// A number in digits, never with an exponent. Locale and errors as above.
 Bstr decimalText(double number);
