@@ -11,22 +11,10 @@
 namespace vorla {
 namespace {
 
-bool isColumnNumber(VARTYPE type) {
-    switch (type) {
-        case VT_I2:
-        case VT_I4:
-        case VT_R4:
-        case VT_R8:
-        case VT_CY:
-        case VT_DATE: return true;
-        default: return false;
-    }
-}
-
 using Alignment = Joined (*)(TextView, std::int16_t);
 
 Bstr column(const VariantView& value, std::int16_t width, Alignment align) {
-    if (isColumnNumber(value.type())) return Bstr(align(numberToInvariantText(value).view(), width));
+    if (isAmountType(value.type())) return Bstr(align(numberToInvariantText(value).view(), width));
     return Bstr(align(ValueText(value).view(), width));
 }
 

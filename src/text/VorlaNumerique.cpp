@@ -16,19 +16,6 @@ wchar_t decimalSeparator() {
 
 bool holds(TextView text, wchar_t character) { return text.find(character) != TextView::npos; }
 
-// The types in which an amount comes back as it came; of any other one the text does.
-bool isAmountType(VARTYPE type) {
-    switch (type) {
-        case VT_I2:
-        case VT_I4:
-        case VT_R4:
-        case VT_R8:
-        case VT_CY:
-        case VT_DATE: return true;
-        default: return false;
-    }
-}
-
 // The remainder of an account. A code that is no number is told to the user and answered with False: a 0,
 // since the members below treat both alike, as old hosts know it.
 std::int32_t remainder(TextView bank, TextView branch, TextView account) {
@@ -53,6 +40,7 @@ Variant VorlaNumérique::NumFrmtSys(VariantView Montant, bool ZéroSignificatif)
     if (holds(text.view(), separator) || typed.empty()) return Variant(Montant);
 
     Variant amount(Bstr(withSystemSign(typed, separator)));
+    // An amount comes back in the type it came in; of any other type the text does.
     Variant result = isAmountType(Montant.type()) ? converted(amount.view(), Montant.type()) : amount;
     // Whoever keeps zeros learns of what is no amount as well.
     const bool isZero = converted(amount.view(), VT_CY).raw().cyVal.int64 == 0;

@@ -179,12 +179,7 @@ TEST_F(DateMembers, leaveNothingBehind) {
         call(L"DateEnTexte", {november15, false});
         call(L"DateEnTexte", {Date{1e300}, false});
     };
-    useOnce();
-    SetErrorInfo(0, nullptr);
-    const MemoryCount count;
-    for (int i = 0; i < 10'000; ++i) useOnce();
-    SetErrorInfo(0, nullptr);
-    EXPECT_EQ(0, count.live());
+    expectNothingLeft(useOnce);
 }
 
 }  // namespace

@@ -84,12 +84,7 @@ TEST(Leaks, aHundredThousandCyclesLeaveNothing) {
 TEST(Leaks, tenThousandCallsOfEveryMember) {
     const Component component;
     const auto object = component.create(0);
-    useChaine(object.get());
-    SetErrorInfo(0, nullptr);
-    const MemoryCount count;
-    for (int i = 0; i < 10'000; ++i) useChaine(object.get());
-    SetErrorInfo(0, nullptr);
-    EXPECT_EQ(0, count.live());
+    expectNothingLeft([&object] { useChaine(object.get()); });
 }
 
 TEST(Leaks, theHostsStateIsLeftAlone) {

@@ -341,12 +341,7 @@ TEST_F(Numérique, leavesNothingBehind) {
         call(L"RIBClé", {text(L"99999999999"), text(L"0"), text(L"0")});
         call(L"RIBControle", {text(L"30002"), text(L"00550"), text(L"0000157841Z"), text(L"25")});
     };
-    useOnce();
-    SetErrorInfo(0, nullptr);
-    const MemoryCount count;
-    for (int i = 0; i < 10'000; ++i) useOnce();
-    SetErrorInfo(0, nullptr);
-    EXPECT_EQ(0, count.live());
+    expectNothingLeft(useOnce);
 }
 
 }  // namespace

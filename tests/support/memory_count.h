@@ -1,6 +1,10 @@
 // Counts what is allocated through the COM task allocator, BSTRs included.
 #pragma once
 
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
 namespace vorla::test {
 
 /// live() is the number of blocks allocated since this was made and not yet freed. The BSTR cache of
@@ -16,5 +20,17 @@ public:
 private:
     long start_;
 };
+
+/// Expects ten thousand uses to leave nothing allocated. The first one, uncounted, fills what is kept on
+/// purpose.
+template <class Use>
+void expectNothingLeft(Use&& useOnce) {
+    useOnce();
+    SetErrorInfo(0, nullptr);
+    const MemoryCount count;
+    for (int i = 0; i < 10'000; ++i) useOnce();
+    SetErrorInfo(0, nullptr);
+    EXPECT_EQ(0, count.live());
+}
 
 }  // namespace vorla::test

@@ -108,6 +108,18 @@ TextView ValueText::write(const VariantView& value) {
     return written_.view();
 }
 
+bool isAmountType(VARTYPE type) noexcept {
+    switch (type) {
+        case VT_I2:
+        case VT_I4:
+        case VT_R4:
+        case VT_R8:
+        case VT_CY:
+        case VT_DATE: return true;
+        default: return false;
+    }
+}
+
 Bstr numberToInvariantText(VariantView number) {
     if (number.type() == VT_DATE) return written(number, LOCALE_USER_DEFAULT, 0);
     constexpr LCID english = MAKELCID(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), SORT_DEFAULT);

@@ -54,8 +54,12 @@ private:
     TextView view_;
 };
 
-/// A number of the types 16-bit and 32-bit integer, single, double or currency as text with a point as
-/// decimal separator, whatever the system uses; a date in the system's short form.
+/// Whether a type is one that members treat as an amount: 16-bit and 32-bit integer, single, double,
+/// currency or date.
+bool isAmountType(VARTYPE type) noexcept;
+
+/// A value of an amount's type as text with a point as decimal separator, whatever the system uses; a date
+/// in the system's short form.
 Bstr numberToInvariantText(VariantView number);
 
 /// Whether the text is a number by the user's locale: its decimal and grouping signs, surrounding
