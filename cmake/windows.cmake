@@ -40,6 +40,7 @@ add_library(vorla_classes OBJECT
     src/misc/VorlaDivers.publication.cpp
     src/system/VorlaFichier.cpp
     src/system/VorlaFichier.publication.cpp
+    src/system/VorlaRegistre.cpp
     src/system/VorlaRegistre.publication.cpp
     src/system/VorlaSystem.publication.cpp
     src/text/VorlaChaine.cpp
