@@ -98,7 +98,7 @@ End Function
 
 Sub ConvertOperations()
     Dim lines, line, shown, stored, amount, storedAmount, total, cents, count
-    WScript.Echo "date         libellé                         montant   enregistré"
+    WScript.Echo "saisi le      montant   date         libellé                         montant   enregistré"
     total = CCur(0)
     cents = 0
     count = 0
@@ -111,8 +111,8 @@ Sub ConvertOperations()
         stored = dates.DateJMAtoAMJ(shown)
         amount = nombre.NumFrmtSys(Field(line, 3), False)
         storedAmount = nombre.NumFrmtEnr(amount)
-        WScript.Echo chaine.CBR(shown, 13) & chaine.CBR(Field(line, 2), 26) & chaine.CBL(amount, 13) & "   " & _
-            stored & " " & chaine.CBL(storedAmount, 9)
+        WScript.Echo chaine.CBR(Field(line, 1), 11) & chaine.CBL(Field(line, 3), 10) & "   " & chaine.CBR(shown, 13) & _
+            chaine.CBR(Field(line, 2), 26) & chaine.CBL(amount, 13) & "   " & stored & " " & chaine.CBL(storedAmount, 9)
         Agree Replace(Replace(Field(line, 1), "-", ""), ".", ""), stored, line
         If amount <> "" Then total = total + CCur(amount)
         cents = cents + CentsOf(Field(line, 3))
