@@ -1,5 +1,6 @@
 #include "frame/host/bound_object.h"
 
+#include "frame/host/member_names.h"
 #include "frame/values/invocation.h"
 #include "frame/values/unique_handle.h"
 
@@ -38,8 +39,7 @@ HRESULT BoundObject::find(const wchar_t* name, DISPID& found) {
             return S_OK;
         }
     }
-    auto asked = const_cast<LPOLESTR>(name);
-    const auto answer = object_.get()->GetIDsOfNames(IID_NULL, &asked, 1, LOCALE_USER_DEFAULT, &found);
+    const auto answer = findMember(object_.get(), name, LOCALE_USER_DEFAULT, found);
     if (SUCCEEDED(answer)) names_.push_back({name, found});
     return answer;
 }
