@@ -20,6 +20,7 @@ add_library(vorla_frame OBJECT
     src/frame/declarations/system_queries.cpp
     src/frame/declarations/waiting.cpp
     src/frame/host/bound_object.cpp
+    src/frame/host/error_object.cpp
     src/frame/host/globals.cpp
     src/frame/host/host_items.cpp
     src/frame/host/message_box.cpp
@@ -28,7 +29,8 @@ add_library(vorla_frame OBJECT
     src/frame/values/conversions.cpp
     src/frame/values/invocation.cpp
     src/frame/values/variant.cpp)
-target_link_libraries(vorla_frame PUBLIC vorla_rules ole32 oleaut32 uuid)
+# The error object is oleaut32's; the import library of ole32 has it too, but before Windows 8 ole32 has not.
+target_link_libraries(vorla_frame PUBLIC vorla_rules oleaut32 ole32 uuid)
 
 add_library(vorla_classes OBJECT
     src/frame/contract/catalogue.cpp
