@@ -43,6 +43,7 @@ add_library(vorla_classes OBJECT
     src/system/VorlaFichier.cpp
     src/system/VorlaFichier.publication.cpp
     src/system/VorlaRegistre.publication.cpp
+    src/system/VorlaSystem.cpp
     src/system/VorlaSystem.publication.cpp
     src/text/VorlaChaine.cpp
     src/text/VorlaChaine.publication.cpp
@@ -50,7 +51,7 @@ add_library(vorla_classes OBJECT
     src/text/VorlaDate.publication.cpp
     src/text/VorlaNumerique.cpp
     src/text/VorlaNumerique.publication.cpp)
-target_link_libraries(vorla_classes PUBLIC vorla_frame)
+target_link_libraries(vorla_classes PUBLIC vorla_frame mpr shell32 shlwapi)
 
 # The type library is written by a program of the same build, from the same tables as the component.
 add_library(type_library_writer OBJECT 
