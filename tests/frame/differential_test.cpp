@@ -240,7 +240,12 @@ protected:
         for (const Parameter& parameter : parameters)
             if (parameter.type.type == VT_RECORD) return;  // the system cannot pass one; tested on their own
         const auto given = pickArguments(parameters.size(), member);
-        const auto names = pickNames(given.size(), member);
+        compareCall(publication, description, member, given, pickNames(given.size(), member));
+    }
+
+    void compareCall(const Publication& publication, ITypeInfo* description, const Member& member,
+                     const std::vector<Given>& given, const std::vector<DISPID>& names) {
+        const auto parameters = publication.parametersOf(member);
         ++compared_;
         const auto ours = call(publication, member, given, names, &throughInvoke);
         Seen theirs{};
@@ -390,6 +395,24 @@ TEST_F(Differential, everythingThatCanBePublished) {
                 Difference::resultOfFailure});
 }
 
+// Nothing in the registry is made, changed or deleted: this test calls members with whatever comes, twice.
+class UnchangedRegistry {
+public:
+    UnchangedRegistry() {
+        create_.answer([](auto...) { return LSTATUS{ERROR_ACCESS_DENIED}; });
+        remove_.answer([](auto...) { return LSTATUS{ERROR_ACCESS_DENIED}; });
+        set_.answer([](auto...) { return LSTATUS{ERROR_ACCESS_DENIED}; });
+        removeValue_.answer([](auto...) { return LSTATUS{ERROR_ACCESS_DENIED}; });
+    }
+
+private:
+    const HMODULE program_ = GetModuleHandleW(nullptr);
+    Intercept<decltype(RegCreateKeyExA)> create_{program_, "advapi32.dll", "RegCreateKeyExA"};
+    Intercept<decltype(RegDeleteKeyA)> remove_{program_, "advapi32.dll", "RegDeleteKeyA"};
+    Intercept<decltype(RegSetValueExA)> set_{program_, "advapi32.dll", "RegSetValueExA"};
+    Intercept<decltype(RegDeleteValueA)> removeValue_{program_, "advapi32.dll", "RegDeleteValueA"};
+};
+
 // What generated arguments must not do to the machine. A name made of anything could be a program's, so none
 // is started. INI files without a folder would be written among Windows' own. And a wait of a minute,
 // repeated a hundred times, is made short by a clock that gains a day at every look.
@@ -415,13 +438,31 @@ private:
     Intercept<decltype(GetTickCount)> clock_{program_, "kernel32.dll", "GetTickCount"};
 };
 
+// Too rare among generated calls to show up for certain.
+TEST_F(Differential, aReferenceNextToNamedArguments) {
+    const Harmless arguments;
+    for (const Publication* publication : catalogue()) {
+        for (const Member& member : publication->members) {
+            if (TextView(member.name) != L"SysShellWait") continue;
+            ComPointer<ITypeInfo> description;
+            ASSERT_EQ(S_OK, loadedDescription(*publication, description.put()));
+            compareCall(*publication, description.get(), member,
+                        {{Shape::exact, Wrapping::typedReference}, {Shape::missingValue, Wrapping::plain}},
+                        {0, 1});
+        }
+    }
+    EXPECT_EQ(1, compared_);
+    expectSeen({Difference::namedReference});
+}
+
 TEST_F(Differential, everyMemberOfTheComponent) {
     const NoDialogs messagesAreTestedElsewhere;
     const Harmless arguments;
+    const UnchangedRegistry keysAndValuesToo;
     for (const Publication* publication : catalogue()) compareAll(*publication, 600);
     EXPECT_GE(compared_, 5000);
     expectSeen({Difference::none, Difference::typedByReference, Difference::missingInVariable,
-                Difference::zeroWhenMissing, Difference::defaultByReference, Difference::namedReference});
+                Difference::zeroWhenMissing, Difference::defaultByReference});
 }
 
 }  // namespace
