@@ -17,6 +17,9 @@ inline std::wstring typeName(ITypeInfo* description, const TYPEDESC& type) {
         case VT_VOID: return L"void";
         case VT_BSTR: return L"BSTR";
         case VT_BOOL: return L"BOOL";
+        case VT_UI1: return L"UI1";
+        case VT_I2: return L"I2";
+        case VT_I4: return L"I4";
         case VT_VARIANT: return L"VARIANT";
         case VT_DISPATCH: return L"IDispatch";
         case VT_PTR: return L"&" + typeName(description, *type.lptdesc);
@@ -56,7 +59,11 @@ inline std::wstring signature(ITypeInfo* description, UINT index) {
         if (const auto name = names[i + 1].view(); !name.empty()) one += L' ' + std::wstring(name);
         if (parameter.paramdesc.wParamFlags & PARAMFLAG_FHASDEFAULT) {
             const VARIANT& value = parameter.paramdesc.pparamdescex->varDefaultValue;
-            one += L'=' + std::to_wstring(value.vt == VT_BOOL ? value.boolVal : value.lVal);
+            one += L'=';
+            if (value.vt == VT_BSTR)
+                one += L'"' + std::wstring(viewOf(value.bstrVal)) + L'"';
+            else
+                one += std::to_wstring(value.vt == VT_BOOL ? value.boolVal : value.lVal);
         }
         written += (i > 0 ? L", " : L"") + (optional ? L'[' + one + L']' : one);
     }
