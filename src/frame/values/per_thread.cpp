@@ -28,6 +28,9 @@ PerThreadStates::PerThreadStates(Destroy destroy) noexcept
 // Runs when the module goes. Nobody is in it any more, and when the whole process ends, a thread may have
 // been stopped inside the guard: so without it.
 PerThreadStates::~PerThreadStates() {
+    auto link = &first_;
+    while (*link != this) link = &(*link)->next_;
+    *link = next_;
     for (void* const state : states_) destroy_(state);
     if (index_ != TLS_OUT_OF_INDEXES) TlsFree(index_);
     DeleteCriticalSection(&guard_);

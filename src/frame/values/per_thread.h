@@ -35,7 +35,7 @@ private:
 
     static inline PerThreadStates* first_ = nullptr;
 
-    PerThreadStates* const next_;
+    PerThreadStates* next_;
     const Destroy destroy_;
     const DWORD index_;
     // Guards the list, which a thread touches when it begins and when it ends.
@@ -43,8 +43,8 @@ private:
     std::vector<void*> states_;
 };
 
-/// One `State` for each thread that asks for it, made when it first does. Only for objects that live as long
-/// as the module.
+/// One `State` for each thread that asks for it, made when it first does. For static objects: they are made
+/// and go with the module, when no other thread is in it.
 template <class State>
 class PerThread : PerThreadStates {
 public:
