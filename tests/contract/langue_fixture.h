@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "contract/component.h"
 #include "frame/values/ansi.h"
@@ -14,6 +15,8 @@ constexpr std::uint16_t numberOfLangue = 8;
 
 inline Variant short16(int value) { return static_cast<std::int16_t>(value); }
 inline Variant long32(int value) { return static_cast<std::int32_t>(value); }
+
+using Texts = std::vector<std::wstring>;
 
 class Langue : public testing::Test {
 protected:
@@ -59,5 +62,43 @@ protected:
     const TemporaryFolder application;
     const std::wstring languages = application.folder(L"Languages");
 };
+
+/// What an array of strings holds; no texts when it is unallocated.
+inline Texts textsIn(const Outcome& outcome) {
+    EXPECT_EQ(S_OK, outcome.code);
+    EXPECT_EQ(VT_ARRAY | VT_BSTR, outcome.result.raw().vt);
+    SAFEARRAY* const array = outcome.result.raw().parray;
+    if (outcome.result.raw().vt != (VT_ARRAY | VT_BSTR) || !array) return {};
+    LONG first = -1, last = -1;
+    EXPECT_EQ(1u, SafeArrayGetDim(array));
+    SafeArrayGetLBound(array, 1, &first);
+    SafeArrayGetUBound(array, 1, &last);
+    EXPECT_EQ(0, first);
+    Texts texts;
+    for (LONG i = first; i <= last; ++i) {
+        Bstr element;
+        EXPECT_EQ(S_OK, SafeArrayGetElement(array, &i, element.put()));
+        texts.emplace_back(element.view());
+    }
+    return texts;
+}
+
+/// Runs the work on a thread of its own, with an object that it made there. Expectations belong to the test's
+/// thread, so the work gives back what it saw.
+template <class Work>
+void onThread(const Component& component, Work work) {
+    struct Start {
+        const Component& component;
+        Work& work;
+    } start{component, work};
+    const auto body = [](void* parameter) -> DWORD {
+        auto& [made, toDo] = *static_cast<Start*>(parameter);
+        toDo(made.create(numberOfLangue));
+        return 0;
+    };
+    const HANDLE thread = CreateThread(nullptr, 0, body, &start, 0, nullptr);
+    EXPECT_EQ(WAIT_OBJECT_0, WaitForSingleObject(thread, 20'000));
+    CloseHandle(thread);
+}
 
 }  // namespace vorla::test

@@ -1,20 +1,10 @@
-// VorlaLangue with real language files: the language in use, what is listed, looked up and written, and what
-// Windows refuses. Forms are tested in langue_form_test.cpp, the rules alone with the rules.
-#include <psapi.h>
-
-#include <algorithm>
-#include <functional>
-
+// VorlaLangue with real language files: the language in use, what is looked up, and what is written.
 #include "contract/langue_fixture.h"
 #include "contract/signatures.h"
-#include "support/import_patch.h"
-#include "support/memory_count.h"
 #include "support/scripted_object.h"
 
 namespace vorla::test {
 namespace {
-
-using Texts = std::vector<std::wstring>;
 
 constexpr const wchar_t* marker = L"**********";
 
