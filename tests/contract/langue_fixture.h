@@ -21,7 +21,7 @@ using Texts = std::vector<std::wstring>;
 class Langue : public testing::Test {
 protected:
     Outcome call(const wchar_t* name, Arguments arguments = {}) {
-        return invoke(object.get(), name, std::move(arguments));
+        return invoke(langue.get(), name, std::move(arguments));
     }
     std::wstring textOf(const wchar_t* name, Arguments arguments = {}) {
         const auto outcome = call(name, std::move(arguments));
@@ -33,7 +33,7 @@ protected:
         EXPECT_EQ(S_OK, call(name, std::move(arguments)).code) << narrow(name);
     }
     void put(const wchar_t* name, Variant value) {
-        EXPECT_EQ(S_OK, invoke(object.get(), name, Arguments().named(DISPID_PROPERTYPUT, std::move(value)),
+        EXPECT_EQ(S_OK, invoke(langue.get(), name, Arguments().named(DISPID_PROPERTYPUT, std::move(value)),
                                DISPATCH_PROPERTYPUT)
                             .code)
             << narrow(name);
@@ -58,7 +58,7 @@ protected:
     }
 
     const Component component;
-    const Dispatch object = component.create(numberOfLangue);
+    const Dispatch langue = component.create(numberOfLangue);
     const TemporaryFolder application;
     const std::wstring languages = application.folder(L"Languages");
 };

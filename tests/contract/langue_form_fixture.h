@@ -100,7 +100,7 @@ inline double widthOf(ScriptedObject& object) {
 class LangueForms : public Langue {
 protected:
     Arguments formArguments(Form& form, std::initializer_list<Variant> more = {}) {
-        std::vector<Variant> all{vorla::test::object(&form.form), vorla::test::object(&form.label)};
+        std::vector<Variant> all{object(&form.form), object(&form.label)};
         Arguments arguments;
         all.insert(all.end(), more);
         arguments.owned = all;

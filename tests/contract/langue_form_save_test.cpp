@@ -10,9 +10,8 @@ namespace {
 class LangueSaving : public LangueForms {
 protected:
     void save(Form& form, const wchar_t* language) {
-        run(L"LngFormSave", {object_(form.form), text(language)});
+        run(L"LngFormSave", {object(&form.form), text(language)});
     }
-    static Variant object_(ScriptedObject& object) { return vorla::test::object(&object); }
 };
 
 TEST_F(LangueSaving, whatAFormSaysGoesIntoItsSection) {

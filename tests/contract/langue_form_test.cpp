@@ -255,8 +255,7 @@ TEST_F(LangueForms, optionButtonsAndCheckBoxesAreAsWideAsTheirTexts) {
 
 TEST_F(LangueForms, resizingFollowsTheContainersScale) {
     const auto resize = [this](Form& form, ScriptedObject& control) {
-        return call(L"LngRedimCtl",
-                    {vorla::test::object(&control), vorla::test::object(&form.label), text(L"été")});
+        return call(L"LngRedimCtl", {object(&control), object(&form.label), text(L"été")});
     };
     {
         Form form;
@@ -275,7 +274,7 @@ TEST_F(LangueForms, resizingFollowsTheContainersScale) {
         Form form;
         ScriptedObject frame;
         auto& check = form.add(L"SSCheck", L"chk", L"x");
-        check.value(L"Container") = vorla::test::object(&frame);
+        check.value(L"Container") = object(&frame);
         EXPECT_EQ(S_OK, resize(form, check).code);
         EXPECT_EQ(930, widthOf(check));
         check.value(L"Container") = Variant();

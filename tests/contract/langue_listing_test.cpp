@@ -41,7 +41,7 @@ protected:
 
     Outcome present(int kind) { return call(L"LngGetPresent", {long32(kind)}); }
     Outcome present(int kind, IDispatch* into) {
-        return call(L"LngGetPresent", {long32(kind), vorla::test::object(into)});
+        return call(L"LngGetPresent", {long32(kind), object(into)});
     }
 
     static constexpr int names = 1, codes = 2, number = 3, listOfNames = 4, listOfCodes = 5;
@@ -89,7 +89,7 @@ TEST_F(LangueListing, languagesThatHaveFiles) {
         expectUnallocated(present(kind, &list));
         EXPECT_EQ(kind == listOfNames ? expectedNames : found, added);
         // A script's variable that holds the list.
-        Variant variable = vorla::test::object(&list);
+        Variant variable = object(&list);
         expectUnallocated(call(L"LngGetPresent", {long32(kind), byReference(variable)}));
         EXPECT_EQ(&list, variable.raw().pdispVal);
     }

@@ -16,8 +16,8 @@ TEST_F(Langue, instancesOfAThreadShareTheLanguage) {
     EXPECT_EQ(languages + L"\\FRA.lng", textOf(L"LngGetFileName"));
 }
 
-std::wstring answered(const Dispatch& object, const wchar_t* name, Arguments arguments = {}) {
-    const auto outcome = invoke(object.get(), name, std::move(arguments));
+std::wstring answered(const Dispatch& langue, const wchar_t* name, Arguments arguments = {}) {
+    const auto outcome = invoke(langue.get(), name, std::move(arguments));
     return outcome.result.raw().vt == VT_BSTR ? std::wstring(viewOf(outcome.result.raw().bstrVal)) : L"?";
 }
 
@@ -31,7 +31,7 @@ TEST_F(Langue, twoThreadsHoldTwoLanguages) {
         invoke(other.get(), L"LngSetFileName", {text(application.path()), text(L"FRA")});
         during = answered(other, L"LoadMsgLng", {text(L"m")});
         // The object of the other thread, called from this one: what counts is the thread.
-        meanwhile = answered(Dispatch((object->AddRef(), object.get())), L"LoadMsgLng", {text(L"m")});
+        meanwhile = answered(Dispatch((langue->AddRef(), langue.get())), L"LoadMsgLng", {text(L"m")});
     });
     EXPECT_EQ(L"", before);
     EXPECT_EQ(L"français", during);
@@ -101,9 +101,9 @@ TEST(LangueUnloading, theModuleTakesEveryThreadsLanguageAlong) {
     const std::wstring long_(10000, L'x');
     const auto useAndUnload = [&] {
         const Component component;
-        const auto object = component.create(numberOfLangue);
-        EXPECT_EQ(L"", answered(object, L"LngGetFileName"));
-        EXPECT_EQ(S_OK, invoke(object.get(), L"LngSetFileName", {text(long_), text(L"ENG")}).code);
+        const auto langue = component.create(numberOfLangue);
+        EXPECT_EQ(L"", answered(langue, L"LngGetFileName"));
+        EXPECT_EQ(S_OK, invoke(langue.get(), L"LngSetFileName", {text(long_), text(L"ENG")}).code);
     };
     useAndUnload();
     EXPECT_EQ(nullptr, GetModuleHandleW(L"Vorla6.dll"));

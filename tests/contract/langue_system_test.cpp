@@ -256,7 +256,7 @@ TEST_F(Langue, callsLeaveNothing) {
         call(L"LoadMsgLng", {text(L"m"), true, text(L"a"), nullValue()});
         call(L"LoadCtlLng", {text(L"f"), text(L"c"), long32(0), short16(1), true, text(L"a")});
         call(L"LngGetPresent", {long32(1)});
-        call(L"LngGetPresent", {long32(4), vorla::test::object(&list)});
+        call(L"LngGetPresent", {long32(4), object(&list)});
         call(L"LngGetPresent", {long32(4)});
         call(L"LngSetLanguage", {text(L"ENG")});
         call(L"LngSetLanguage", {text(L"DEU")});
