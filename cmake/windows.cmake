@@ -27,6 +27,7 @@ add_library(vorla_frame OBJECT
     src/frame/values/ansi.cpp
     src/frame/values/conversions.cpp
     src/frame/values/invocation.cpp
+    src/frame/values/per_thread.cpp
     src/frame/values/variant.cpp)
 target_link_libraries(vorla_frame PUBLIC vorla_rules ole32 oleaut32 uuid)
 
@@ -35,7 +36,10 @@ add_library(vorla_classes OBJECT
     src/frame/contract/eEnum.publication.cpp
     src/graphics/PaintEffects.publication.cpp
     src/graphics/VorlaGraphique.publication.cpp
+    src/language/VorlaLangue.cpp
     src/language/VorlaLangue.publication.cpp
+    src/language/form_translation.cpp
+    src/language/language_store.cpp
     src/media/VorlaMultiMedia.publication.cpp
     src/misc/VorlaDivers.publication.cpp
     src/system/VorlaFichier.cpp

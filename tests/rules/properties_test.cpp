@@ -36,6 +36,9 @@ TEST(Properties, KeysFollowTheirSteps) { expectAgreement(compare::keys, {0, 5});
 TEST(Properties, TheNextCodeFollowsItsSteps) { expectAgreement(compare::nextCode, {0, 5, 6}); }
 TEST(Properties, PathsFollowTheirSteps) { expectAgreement(compare::paths, {0}); }
 TEST(Properties, ExtensionsFollowTheirSteps) { expectAgreement(compare::extensions, {0}); }
+TEST(Properties, EscapesFollowTheirSteps) { expectAgreement(compare::escapes, {0}); }
+TEST(Properties, KeysOfControlsFollowTheirSteps) { expectAgreement(compare::controlKeys, {0}); }
+TEST(Properties, MessagesFollowTheirSteps) { expectAgreement(compare::messages, {0}); }
 TEST(Properties, AmountsFollowTheirSteps) { expectAgreement(compare::amounts, {0}); }
 TEST(Properties, TheBankKeyFollowsItsSteps) { expectAgreement(compare::bankKey, {0}); }
 TEST(Properties, DatesFollowTheirSteps) { expectAgreement(compare::dateOrder, {0, 5}); }

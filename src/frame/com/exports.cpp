@@ -1,4 +1,4 @@
-// The four entry points of the component.
+// The four entry points of the component, and what Windows tells it of the host's threads.
 #include <windows.h>
 
 #include <new>
@@ -7,6 +7,7 @@
 #include "frame/com/module.h"
 #include "frame/com/registration.h"
 #include "frame/contract/catalogue.h"
+#include "frame/values/per_thread.h"
 
 using namespace vorla;
 
@@ -29,3 +30,8 @@ extern "C" HRESULT STDAPICALLTYPE DllRegisterServer() {
 }
 
 extern "C" HRESULT STDAPICALLTYPE DllUnregisterServer() { return registration::remove(vorla6, catalogue()); }
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void*) {
+    if (reason == DLL_THREAD_DETACH) PerThreadStates::threadEnds();
+    return TRUE;
+}

@@ -42,8 +42,8 @@ bool HostItems::next(Variant& item) {
 
 bool HostItems::nextByNumber(Variant& item) {
     if (number_ >= count_) return false;
-    item = hasItem_ ? collection_.get(L"Item", number_) : collection_.getDefault(number_);
-    ++number_;
+    const auto number = number_++;
+    item = hasItem_ ? collection_.get(L"Item", number) : collection_.getDefault(number);
     return true;
 }
 
