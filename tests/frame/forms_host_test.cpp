@@ -481,6 +481,16 @@ TEST_F(FormsHost, formsWithAndWithoutTitleBar) {
     }
 }
 
+TEST_F(FormsHost, aTitleBarWithoutButtons) {
+    for (const bool buttons : {true, false}) {
+        auto& other = host().load(L"frmAutre", {.border = Border::fixed, .controlBox = buttons});
+        const auto style = static_cast<DWORD>(GetWindowLongA(other.handle(), GWL_STYLE));
+        EXPECT_EQ(WS_CAPTION, style & WS_CAPTION);
+        EXPECT_EQ(buttons ? WS_SYSMENU | WS_MINIMIZEBOX : 0u, style & (WS_SYSMENU | WS_MINIMIZEBOX));
+        other.unload();
+    }
+}
+
 TEST_F(FormsHost, formsMoveShowAndChangeTheirState) {
     BoundObject bound(asHost(form()));
     bound.call(L"Move", 300.0, 450.0, 6000.0, 4500.0);

@@ -11,11 +11,12 @@ struct BorderLook {
     DWORD style, extendedStyle;
 };
 
-BorderLook lookOf(Border border) {
-    constexpr DWORD title = WS_CAPTION | WS_SYSMENU, boxes = WS_MINIMIZEBOX | WS_MAXIMIZEBOX;
-    switch (border) {
+BorderLook lookOf(const FormDesign& design) {
+    const DWORD title = design.controlBox ? WS_CAPTION | WS_SYSMENU : WS_CAPTION,
+                boxes = design.controlBox ? WS_MINIMIZEBOX | WS_MAXIMIZEBOX : 0;
+    switch (design.border) {
         case Border::none: return {WS_POPUP, 0};
-        case Border::fixed: return {title | WS_MINIMIZEBOX, 0};
+        case Border::fixed: return {title | (boxes & WS_MINIMIZEBOX), 0};
         case Border::sizable: return {title | WS_THICKFRAME | boxes, 0};
         case Border::dialog: return {title, WS_EX_DLGMODALFRAME};
         case Border::fixedTool: return {title, WS_EX_TOOLWINDOW};
@@ -30,13 +31,13 @@ LONG pixels(double twips, Axis axis) { return static_cast<LONG>(std::lround(twip
 
 Form::Form(Host& host, const wchar_t* name, const FormDesign& design)
     : Window(name, name, host.record(),
-             {nullptr, lookOf(design.border).style | WS_CLIPCHILDREN,
-              lookOf(design.border).extendedStyle | WS_EX_CONTROLPARENT, systemColour(COLOR_BTNFACE),
+             {nullptr, lookOf(design).style | WS_CLIPCHILDREN,
+              lookOf(design).extendedStyle | WS_EX_CONTROLPARENT, systemColour(COLOR_BTNFACE),
               systemColour(COLOR_BTNTEXT)}),
       host_(&host),
       border_(design.border) {
     RECT frame = {0, 0, pixels(design.insideWidth, Axis::x), pixels(design.insideHeight, Axis::y)};
-    AdjustWindowRectEx(&frame, lookOf(border_).style, FALSE, lookOf(border_).extendedStyle);
+    AdjustWindowRectEx(&frame, lookOf(design).style, FALSE, lookOf(design).extendedStyle);
     OffsetRect(&frame, pixels(design.left, Axis::x) - frame.left, pixels(design.top, Axis::y) - frame.top);
     createWindow(nullptr, frame, design.caption);
 }

@@ -18,6 +18,7 @@ enum class Border : std::int16_t { none, fixed, sizable, dialog, fixedTool, siza
 struct FormDesign {
     Text caption = {};
     Border border = Border::sizable;
+    bool controlBox = true;  // the buttons of the title bar, if there is one
     float left = 0, top = 0, insideWidth = 4800, insideHeight = 3600;
 };
 
