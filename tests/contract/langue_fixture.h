@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "contract/component.h"
 #include "frame/values/ansi.h"
@@ -15,10 +16,12 @@ constexpr std::uint16_t numberOfLangue = 8;
 inline Variant short16(int value) { return static_cast<std::int16_t>(value); }
 inline Variant long32(int value) { return static_cast<std::int32_t>(value); }
 
+using Texts = std::vector<std::wstring>;
+
 class Langue : public testing::Test {
 protected:
     Outcome call(const wchar_t* name, Arguments arguments = {}) {
-        return invoke(object.get(), name, std::move(arguments));
+        return invoke(langue.get(), name, std::move(arguments));
     }
     std::wstring textOf(const wchar_t* name, Arguments arguments = {}) {
         const auto outcome = call(name, std::move(arguments));
@@ -30,7 +33,7 @@ protected:
         EXPECT_EQ(S_OK, call(name, std::move(arguments)).code) << narrow(name);
     }
     void put(const wchar_t* name, Variant value) {
-        EXPECT_EQ(S_OK, invoke(object.get(), name, Arguments().named(DISPID_PROPERTYPUT, std::move(value)),
+        EXPECT_EQ(S_OK, invoke(langue.get(), name, Arguments().named(DISPID_PROPERTYPUT, std::move(value)),
                                DISPATCH_PROPERTYPUT)
                             .code)
             << narrow(name);
@@ -55,9 +58,47 @@ protected:
     }
 
     const Component component;
-    const Dispatch object = component.create(numberOfLangue);
+    const Dispatch langue = component.create(numberOfLangue);
     const TemporaryFolder application;
     const std::wstring languages = application.folder(L"Languages");
 };
+
+/// What an array of strings holds; no texts when it is unallocated.
+inline Texts textsIn(const Outcome& outcome) {
+    EXPECT_EQ(S_OK, outcome.code);
+    EXPECT_EQ(VT_ARRAY | VT_BSTR, outcome.result.raw().vt);
+    SAFEARRAY* const array = outcome.result.raw().parray;
+    if (outcome.result.raw().vt != (VT_ARRAY | VT_BSTR) || !array) return {};
+    LONG first = -1, last = -1;
+    EXPECT_EQ(1u, SafeArrayGetDim(array));
+    SafeArrayGetLBound(array, 1, &first);
+    SafeArrayGetUBound(array, 1, &last);
+    EXPECT_EQ(0, first);
+    Texts texts;
+    for (LONG i = first; i <= last; ++i) {
+        Bstr element;
+        EXPECT_EQ(S_OK, SafeArrayGetElement(array, &i, element.put()));
+        texts.emplace_back(element.view());
+    }
+    return texts;
+}
+
+/// Runs the work on a thread of its own, with an object that it made there. Expectations belong to the test's
+/// thread, so the work gives back what it saw.
+template <class Work>
+void onThread(const Component& component, Work work) {
+    struct Start {
+        const Component& component;
+        Work& work;
+    } start{component, work};
+    const auto body = [](void* parameter) -> DWORD {
+        auto& [made, toDo] = *static_cast<Start*>(parameter);
+        toDo(made.create(numberOfLangue));
+        return 0;
+    };
+    const HANDLE thread = CreateThread(nullptr, 0, body, &start, 0, nullptr);
+    EXPECT_EQ(WAIT_OBJECT_0, WaitForSingleObject(thread, 20'000));
+    CloseHandle(thread);
+}
 
 }  // namespace vorla::test

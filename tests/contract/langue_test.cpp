@@ -1,20 +1,10 @@
-// VorlaLangue with real language files: the language in use, what is listed, looked up and written, and what
-// Windows refuses. Forms are tested in langue_form_test.cpp, the rules alone with the rules.
-#include <psapi.h>
-
-#include <algorithm>
-#include <functional>
-
+// VorlaLangue with real language files: the language in use, what is looked up, and what is written.
 #include "contract/langue_fixture.h"
 #include "contract/signatures.h"
-#include "support/import_patch.h"
-#include "support/memory_count.h"
 #include "support/scripted_object.h"
 
 namespace vorla::test {
 namespace {
-
-using Texts = std::vector<std::wstring>;
 
 constexpr const wchar_t* marker = L"**********";
 
@@ -59,10 +49,10 @@ TEST_F(Langue, membersAreDescribed) {
         L"[BOOL NoChangeBackColor=0], [BSTR FrmSubstitute=\"\"])",
         L"6003000c void LngFormSave(&object Frm, BSTR NewLanguageName)",
         L"6003000d void LngRedimCtl(&object Ctl, &object lblTest, BSTR Texte)"};
-    EXPECT_EQ(expected, signatures(object.get()));
+    EXPECT_EQ(expected, signatures(langue.get()));
     // The place of the private routine.
     auto none = Arguments().parameters();
-    EXPECT_EQ(DISP_E_MEMBERNOTFOUND, invoke(object.get(), 0x60030005, DISPATCH_METHOD, none).code);
+    EXPECT_EQ(DISP_E_MEMBERNOTFOUND, invoke(langue.get(), 0x60030005, DISPATCH_METHOD, none).code);
 }
 
 TEST_F(Langue, fixedWordsNeverChange) {
@@ -85,7 +75,7 @@ TEST_F(Langue, fixedWordsNeverChange) {
     }
     // Nobody can write them.
     EXPECT_EQ(DISP_E_MEMBERNOTFOUND,
-              invoke(object.get(), L"lngMesNull", Arguments().named(DISPID_PROPERTYPUT, text(L"x")),
+              invoke(langue.get(), L"lngMesNull", Arguments().named(DISPID_PROPERTYPUT, text(L"x")),
                      DISPATCH_PROPERTYPUT)
                   .code);
 }
@@ -220,15 +210,14 @@ TEST_F(Langue, valuesTakeTheirPlaces) {
               textOf(L"LoadMsgLng", {text(L"open"), false, true}));
     EXPECT_EQ(L"&Ouvrir ", textOf(L"LoadMsgLng", {text(L"open"), false, Variant()}));
     ScriptedObject standsForText{text(L"objet")};
-    EXPECT_EQ(L"&Ouvrir objet",
-              textOf(L"LoadMsgLng", {text(L"open"), false, vorla::test::object(&standsForText)}));
+    EXPECT_EQ(L"&Ouvrir objet", textOf(L"LoadMsgLng", {text(L"open"), false, object(&standsForText)}));
     EXPECT_EQ(0, standsForText.references());
     // What has no text leaves its place, and the others take theirs.
     ScriptedObject dumb;
     Variant array;
     array.put()->parray = SafeArrayCreateVector(VT_VARIANT, 0, 1);
     array.put()->vt = VT_ARRAY | VT_VARIANT;
-    for (const Variant& value : {nullValue(), nothing(), vorla::test::object(&dumb), array}) {
+    for (const Variant& value : {nullValue(), nothing(), object(&dumb), array}) {
         EXPECT_EQ(L"%%1,b,%%3,%%4,%%5,%%1", textOf(L"LoadMsgLng", {text(L"all"), false, value, text(L"b")}))
             << describe(value.raw());
     }

@@ -31,7 +31,14 @@ extern "C" HRESULT STDAPICALLTYPE DllRegisterServer() {
 
 extern "C" HRESULT STDAPICALLTYPE DllUnregisterServer() { return registration::remove(vorla6, catalogue()); }
 
-extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void*) {
+// The language runtime's memory for exceptions when there is no other. It is never given back otherwise, so
+// that a host that loads and unloads the component would lose it each time.
+namespace __gnu_cxx {
+void __freeres();
+}
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void* processEnds) {
     if (reason == DLL_THREAD_DETACH) PerThreadStates::threadEnds();
+    if (reason == DLL_PROCESS_DETACH && !processEnds) __gnu_cxx::__freeres();
     return TRUE;
 }
