@@ -372,11 +372,11 @@ TEST_F(LangueWindows, savingMakesTheFileAndLeavesTheFormAlone) {
 }
 
 // A form on which everything that can be done is done.
-class LangueFailures : public LangueWindows {
+class LangueFailingHost : public LangueWindows {
 protected:
     using State = std::map<std::wstring, std::wstring>;  // "chk.Caption" and what it is
 
-    LangueFailures() {
+    LangueFailingHost() {
         languageFile(
             L"ENG",
             L"[frmMain]\r\nfrmMain#Caption=Customer\r\ncmd#Caption=Close\r\ncmd#ToolTipText=End\r\n"
@@ -459,7 +459,7 @@ protected:
     PictureBox& picture = form.add<PictureBox>({.name = L"pic", .at = {0, 0, 3000, 900}});
 };
 
-TEST_F(LangueFailures, loadingGoesOnBehindAnyFailingCall) {
+TEST_F(LangueFailingHost, loadingGoesOnBehindAnyFailingCall) {
     const auto before = state();
     host.record().clearLog();
     load();
@@ -500,7 +500,7 @@ TEST_F(LangueFailures, loadingGoesOnBehindAnyFailingCall) {
     }
 }
 
-TEST_F(LangueFailures, savingGoesOnBehindAnyFailingCall) {
+TEST_F(LangueFailingHost, savingGoesOnBehindAnyFailingCall) {
     const auto linesOf = [](const std::string& bytes) {
         std::set<std::string> lines;
         std::istringstream stream(bytes);
@@ -547,7 +547,7 @@ TEST_F(LangueFailures, savingGoesOnBehindAnyFailingCall) {
     }
 }
 
-TEST_F(LangueFailures, resizingTellsItsFailures) {
+TEST_F(LangueFailingHost, resizingTellsItsFailures) {
     Control* option = nullptr;
     for (const auto& control : form.controls())
         if (control->name() == L"optMode") option = control.get();
