@@ -8,6 +8,7 @@
 #include "contract/component.h"
 #include "frame/values/ansi.h"
 #include "support/temporary_folder.h"
+#include "support/thread.h"
 
 namespace vorla::test {
 
@@ -83,22 +84,10 @@ inline Texts textsIn(const Outcome& outcome) {
     return texts;
 }
 
-/// Runs the work on a thread of its own, with an object that it made there. Expectations belong to the test's
-/// thread, so the work gives back what it saw.
+/// Runs the work on a thread of its own, with an object that it made there.
 template <class Work>
 void onThread(const Component& component, Work work) {
-    struct Start {
-        const Component& component;
-        Work& work;
-    } start{component, work};
-    const auto body = [](void* parameter) -> DWORD {
-        auto& [made, toDo] = *static_cast<Start*>(parameter);
-        toDo(made.create(numberOfLangue));
-        return 0;
-    };
-    const HANDLE thread = CreateThread(nullptr, 0, body, &start, 0, nullptr);
-    EXPECT_EQ(WAIT_OBJECT_0, WaitForSingleObject(thread, 20'000));
-    CloseHandle(thread);
+    Thread([&] { work(component.create(numberOfLangue)); });
 }
 
 }  // namespace vorla::test

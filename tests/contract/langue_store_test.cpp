@@ -1,4 +1,7 @@
 // Which language is in use: one for each thread, gone with the thread or with the component.
+#include <atomic>
+#include <optional>
+
 #include "contract/langue_fixture.h"
 
 namespace vorla::test {
@@ -39,28 +42,17 @@ TEST_F(Langue, twoThreadsHoldTwoLanguages) {
     EXPECT_EQ(L"english", textOf(L"LoadMsgLng", {text(L"m")}));
 
     // At the same time, many times over.
-    struct Work {
-        const Component& component;
-        const std::wstring folder;
-        const wchar_t *code, *message;
-        int wrong = 0;
-    } works[] = {{component, application.path(), L"ENG", L"english"},
-                 {component, application.path(), L"FRA", L"français"}};
-    const auto body = [](void* parameter) -> DWORD {
-        auto& work = *static_cast<Work*>(parameter);
-        const auto mine = work.component.create(numberOfLangue);
-        invoke(mine.get(), L"LngSetFileName", {text(work.folder), text(work.code)});
-        for (int i = 0; i < 200; ++i)
-            work.wrong += answered(mine, L"LoadMsgLng", {text(L"m")}) != work.message;
-        return 0;
+    std::atomic<int> wrong{0};
+    const auto askAgainAndAgain = [&](const wchar_t* code, const wchar_t* message) {
+        const auto mine = component.create(numberOfLangue);
+        invoke(mine.get(), L"LngSetFileName", {text(application.path()), text(code)});
+        for (int i = 0; i < 200; ++i) wrong += answered(mine, L"LoadMsgLng", {text(L"m")}) != message;
     };
-    HANDLE threads[2];
-    for (int i = 0; i < 2; ++i) threads[i] = CreateThread(nullptr, 0, body, &works[i], 0, nullptr);
-    EXPECT_EQ(WAIT_OBJECT_0, WaitForMultipleObjects(2, threads, TRUE, 60'000));
-    for (int i = 0; i < 2; ++i) {
-        EXPECT_EQ(0, works[i].wrong);
-        CloseHandle(threads[i]);
+    {
+        const Thread english([&] { askAgainAndAgain(L"ENG", L"english"); });
+        const Thread french([&] { askAgainAndAgain(L"FRA", L"français"); });
     }
+    EXPECT_EQ(0, wrong);
 }
 
 // What is allocated from every heap of the process. Unlike the pages that the process holds, this does not
@@ -115,38 +107,31 @@ TEST(LangueUnloading, theModuleTakesEveryThreadsLanguageAlong) {
 }
 
 TEST(LangueUnloading, aThreadMayOutliveTheModule) {
-    struct Shared {
-        const Component* component;
-        HANDLE used, go;
-    } shared{nullptr, CreateEventW(nullptr, FALSE, FALSE, nullptr),
-             CreateEventW(nullptr, FALSE, FALSE, nullptr)};
-    const auto body = [](void* parameter) -> DWORD {
-        auto& [component, used, go] = *static_cast<Shared*>(parameter);
-        {
-            const auto mine = component->create(numberOfLangue);
-            invoke(mine.get(), L"LngSetFileName", {text(L"C:\\a"), text(L"ENG")});
-            SetErrorInfo(0, nullptr);
-        }
-        SetEvent(used);
-        WaitForSingleObject(go, 20'000);
-        return 0;
-    };
-    HANDLE thread;
+    const HANDLE used = CreateEventW(nullptr, FALSE, FALSE, nullptr);
+    const HANDLE go = CreateEventW(nullptr, FALSE, FALSE, nullptr);
+    bool ended = false;
     {
-        const Component component;
-        shared.component = &component;
-        thread = CreateThread(nullptr, 0, body, &shared, 0, nullptr);
-        EXPECT_EQ(WAIT_OBJECT_0, WaitForSingleObject(shared.used, 20'000));
-        EXPECT_EQ(S_OK, component.canUnloadNow());
+        std::optional<Component> component(std::in_place);
+        const Thread thread([&] {
+            {
+                const auto mine = component->create(numberOfLangue);
+                invoke(mine.get(), L"LngSetFileName", {text(L"C:\\a"), text(L"ENG")});
+            }
+            SetErrorInfo(0, nullptr);
+            SetEvent(used);
+            WaitForSingleObject(go, 20'000);
+            ended = true;
+        });
+        EXPECT_EQ(WAIT_OBJECT_0, WaitForSingleObject(used, 20'000));
+        EXPECT_EQ(S_OK, component->canUnloadNow());
+        component.reset();
+        // Nothing of the thread's keeps it, and nothing of it runs when the thread ends.
+        EXPECT_EQ(nullptr, GetModuleHandleW(L"Vorla6.dll"));
+        SetEvent(go);
     }
-    // Nothing of the thread's keeps it, and nothing of it runs when the thread ends.
-    EXPECT_EQ(nullptr, GetModuleHandleW(L"Vorla6.dll"));
-    SetEvent(shared.go);
-    DWORD code = 99;
-    EXPECT_EQ(WAIT_OBJECT_0, WaitForSingleObject(thread, 20'000));
-    GetExitCodeThread(thread, &code);
-    EXPECT_EQ(0u, code);
-    for (const HANDLE handle : {thread, shared.used, shared.go}) CloseHandle(handle);
+    EXPECT_TRUE(ended);
+    CloseHandle(used);
+    CloseHandle(go);
 }
 
 }  // namespace

@@ -1,13 +1,15 @@
-// State of threads: each has its own, and it goes with the thread or with the module.
+// State of threads: each has its own, and it goes with the thread or with the module. A program has no entry
+// point that hears of ending threads, as the component has, so here they say so themselves.
 #include "frame/values/per_thread.h"
 
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <functional>
+#include <deque>
 #include <optional>
 
 #include "support/import_patch.h"
+#include "support/thread.h"
 
 namespace vorla::test {
 namespace {
@@ -21,19 +23,6 @@ struct Counted {
     int value = 0;
 };
 
-// Runs the work on a thread of its own. A program has no entry point that hears of ending threads, as the
-// component has, so the work says so itself.
-void onThread(const std::function<void()>& work) {
-    const auto body = [](void* parameter) -> DWORD {
-        (*static_cast<const std::function<void()>*>(parameter))();
-        return 0;
-    };
-    const HANDLE thread =
-        CreateThread(nullptr, 0, body, const_cast<std::function<void()>*>(&work), 0, nullptr);
-    EXPECT_EQ(WAIT_OBJECT_0, WaitForSingleObject(thread, 10'000));
-    CloseHandle(thread);
-}
-
 TEST(PerThread, eachThreadHasItsOwn) {
     {
         PerThread<Counted> states;
@@ -41,7 +30,7 @@ TEST(PerThread, eachThreadHasItsOwn) {
         states.mine().value = 1;
         EXPECT_EQ(1, living);
         int seen = -1;
-        onThread([&] {
+        Thread([&] {
             seen = states.mine().value;
             states.mine().value = 2;
         });
@@ -56,7 +45,7 @@ TEST(PerThread, eachThreadHasItsOwn) {
 TEST(PerThread, anEndingThreadTakesItsStatesAlong) {
     PerThread<Counted> first, second;
     first.mine().value = 5;
-    onThread([&] {
+    Thread([&] {
         PerThreadStates::threadEnds();  // has none yet
         first.mine();
         second.mine();
@@ -74,7 +63,7 @@ TEST(PerThread, anEndingThreadTakesItsStatesAlong) {
 TEST(PerThread, manyThreadsOneAfterTheOther) {
     PerThread<Counted> states;
     for (int i = 0; i < 500; ++i) {
-        onThread([&] {
+        Thread([&] {
             states.mine().value = i;
             PerThreadStates::threadEnds();
         });
@@ -85,23 +74,18 @@ TEST(PerThread, manyThreadsOneAfterTheOther) {
 TEST(PerThread, manyThreadsAtOnce) {
     PerThread<Counted> states;
     std::atomic<int> wrong{0};
-    struct Work {
-        PerThread<Counted>& states;
-        std::atomic<int>& wrong;
-    } work{states, wrong};
-    const auto body = [](void* parameter) -> DWORD {
-        auto& [all, failures] = *static_cast<Work*>(parameter);
-        for (int i = 0; i < 1000; ++i) {
-            if (all.mine().value != 0) ++failures;
-            all.mine().value = 1;
-            PerThreadStates::threadEnds();
+    {
+        std::deque<Thread> threads;
+        for (int i = 0; i < 8; ++i) {
+            threads.emplace_back([&] {
+                for (int round = 0; round < 1000; ++round) {
+                    if (states.mine().value != 0) ++wrong;
+                    states.mine().value = 1;
+                    PerThreadStates::threadEnds();
+                }
+            });
         }
-        return 0;
-    };
-    HANDLE threads[8];
-    for (HANDLE& thread : threads) thread = CreateThread(nullptr, 0, body, &work, 0, nullptr);
-    EXPECT_EQ(WAIT_OBJECT_0, WaitForMultipleObjects(8, threads, TRUE, 60'000));
-    for (const HANDLE thread : threads) CloseHandle(thread);
+    }
     EXPECT_EQ(0, wrong);
     EXPECT_EQ(0, living);
 }
