@@ -308,6 +308,12 @@ TEST_F(Fichier, contentOfWhatCannotBeReadIsEmpty) {
             CreateFileW(file.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
         EXPECT_EQ(L"abc", textOf(L"LectDat", {text(file)}));
     }
+    {
+        // Somebody who reads as well.
+        const File reader(
+            CreateFileW(file.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+        EXPECT_EQ(L"abc", textOf(L"LectDat", {text(file)}));
+    }
     SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN);
     EXPECT_EQ(L"abc", textOf(L"LectDat", {text(file)}));
     // Nothing is kept open.
