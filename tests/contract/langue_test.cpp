@@ -9,50 +9,69 @@ namespace {
 constexpr const wchar_t* marker = L"**********";
 
 TEST_F(Langue, membersAreDescribed) {
-    const Texts expected = {
-        L"40030000 get BOOL ThemedBackColorApply()",
-        L"40030000 put void ThemedBackColorApply(BOOL)",
-        L"40030001 get I4 ThemedBackColor()",
-        L"40030001 put void ThemedBackColor(I4)",
-        L"40030002 get I4 ThemedTabBackColor()",
-        L"40030002 put void ThemedTabBackColor(I4)",
-        L"40030003 get I4 ThemedBackColorDef()",
-        L"40030003 put void ThemedBackColorDef(I4)",
-        L"40030004 get I4 ThemedOldColor()",
-        L"40030004 put void ThemedOldColor(I4)",
-        L"6803000b get BSTR lngMesNull()",
-        L"6803000a get BSTR LngSeparator()",
-        L"68030009 get UI1 LngDefStatus()",
-        L"68030008 get BSTR LngExtension()",
-        L"68030007 get BSTR LngExtensionStatus()",
-        L"68030006 get BSTR iniLngSys()",
-        L"68030005 get BSTR strMesConst()",
-        L"68030004 get BSTR lngDefaulltLanguage()",
-        L"68030003 get BSTR PathOfLang()",
-        L"68030002 get BSTR LngGetFileName()",
-        L"68030001 get BSTR LngGetFileNameStatus()",
-        L"68030000 get BSTR LngFolder([eFileN TypeRep=1])",
-        L"60030000 void LngSetFileName(BSTR AppPath, BSTR Code)",
-        L"60030001 BOOL LngSetLanguage(BSTR Language)",
-        L"60030002 VARIANT LngGetPresent(lngRetour TypeRetour, [&object Lst])",
-        L"60030003 BSTR StringEscape(&BSTR strMsg)",
-        L"60030004 BSTR StringUnEscape(&BSTR strMsg)",
-        L"60030006 BSTR LoadMsgLng(BSTR strMsgId, [BOOL SuppressEt=0], [VARIANT String_1], "
-        L"[VARIANT String_2], [VARIANT String_3], [VARIANT String_4])",
-        L"60030007 BSTR LoadCtlLng(BSTR strFormName, BSTR strCtlName, eLngProperty CtlProperty, "
-        L"[I2 CtlIndex=-1], [BOOL SuppressEt=0], [VARIANT String_1], [VARIANT String_2], "
-        L"[VARIANT String_3], [VARIANT String_4])",
-        L"60030008 void LngSaveMsg(BSTR strMsgId, BSTR strMsg)",
-        L"60030009 BSTR LngPrepareMotCle(BSTR Ctl, BSTR CtlIndex, BSTR Propriete)",
-        L"6003000a BSTR LngSpecialInfos(enumLngSpecialInfos SpecialInfos, [BOOL KeyReturn=0])",
-        L"6003000b void LngFormLoad(&object Frm, &object lblTest, [BOOL OnlyBackColor=0], "
-        L"[BOOL NoChangeBackColor=0], [BSTR FrmSubstitute=\"\"])",
-        L"6003000c void LngFormSave(&object Frm, BSTR NewLanguageName)",
-        L"6003000d void LngRedimCtl(&object Ctl, &object lblTest, BSTR Texte)"};
-    EXPECT_EQ(expected, signatures(langue.get()));
+    struct Row {
+        MEMBERID id;
+        const wchar_t* written;
+    };
+    constexpr Row rows[] = {
+        {0x40030000, L"get BOOL ThemedBackColorApply()"},
+        {0x40030000, L"let void ThemedBackColorApply(BOOL)"},
+        {0x40030001, L"get I4 ThemedBackColor()"},
+        {0x40030001, L"let void ThemedBackColor(I4)"},
+        {0x40030002, L"get I4 ThemedTabBackColor()"},
+        {0x40030002, L"let void ThemedTabBackColor(I4)"},
+        {0x40030003, L"get I4 ThemedBackColorDef()"},
+        {0x40030003, L"let void ThemedBackColorDef(I4)"},
+        {0x40030004, L"get I4 ThemedOldColor()"},
+        {0x40030004, L"let void ThemedOldColor(I4)"},
+        {0x6803000b, L"get BSTR lngMesNull()"},
+        {0x6803000a, L"get BSTR LngSeparator()"},
+        {0x68030009, L"get UI1 LngDefStatus()"},
+        {0x68030008, L"get BSTR LngExtension()"},
+        {0x68030007, L"get BSTR LngExtensionStatus()"},
+        {0x68030006, L"get BSTR iniLngSys()"},
+        {0x68030005, L"get BSTR strMesConst()"},
+        {0x68030004, L"get BSTR lngDefaulltLanguage()"},
+        {0x68030003, L"get BSTR PathOfLang()"},
+        {0x68030002, L"get BSTR LngGetFileName()"},
+        {0x68030001, L"get BSTR LngGetFileNameStatus()"},
+        {0x68030000, L"get BSTR LngFolder([eFileN TypeRep=1])"},
+        {0x60030000, L"void LngSetFileName(BSTR AppPath, BSTR Code)"},
+        {0x60030001, L"BOOL LngSetLanguage(BSTR Language)"},
+        {0x60030002, L"VARIANT LngGetPresent(lngRetour TypeRetour, [&IDispatch Lst])"},
+        {0x60030003, L"BSTR StringEscape(&BSTR strMsg)"},
+        {0x60030004, L"BSTR StringUnEscape(&BSTR strMsg)"},
+        {0x60030006,
+         L"BSTR LoadMsgLng(BSTR strMsgId, [BOOL SuppressEt=0], [VARIANT String_1], [VARIANT String_2], "
+         L"[VARIANT String_3], [VARIANT String_4])"},
+        {0x60030007,
+         L"BSTR LoadCtlLng(BSTR strFormName, BSTR strCtlName, eLngProperty CtlProperty, [I2 CtlIndex=-1], "
+         L"[BOOL SuppressEt=0], [VARIANT String_1], [VARIANT String_2], [VARIANT String_3], [VARIANT "
+         L"String_4])"},
+        {0x60030008, L"void LngSaveMsg(BSTR strMsgId, BSTR strMsg)"},
+        {0x60030009, L"BSTR LngPrepareMotCle(BSTR Ctl, BSTR CtlIndex, BSTR Propriete)"},
+        {0x6003000a, L"BSTR LngSpecialInfos(enumLngSpecialInfos SpecialInfos, [BOOL KeyReturn=0])"},
+        {0x6003000b,
+         L"void LngFormLoad(&IDispatch Frm, &IDispatch lblTest, [BOOL OnlyBackColor=0], [BOOL "
+         L"NoChangeBackColor=0], [BSTR FrmSubstitute=\"\"])"},
+        {0x6003000c, L"void LngFormSave(&IDispatch Frm, BSTR NewLanguageName)"},
+        {0x6003000d, L"void LngRedimCtl(&IDispatch Ctl, &IDispatch lblTest, BSTR Texte)"},
+    };
+    ComPointer<ITypeInfo> description;
+    ASSERT_EQ(S_OK, langue->GetTypeInfo(0, 0, description.put()));
+    constexpr UINT ofDispatch = 7;
+    for (UINT i = 0; i < std::size(rows); ++i) {
+        EXPECT_EQ(rows[i].written, signature(description.get(), ofDispatch + i));
+        FUNCDESC* function = nullptr;
+        ASSERT_EQ(S_OK, description->GetFuncDesc(ofDispatch + i, &function));
+        EXPECT_EQ(rows[i].id, function->memid) << narrow(rows[i].written);
+        description->ReleaseFuncDesc(function);
+    }
+    FUNCDESC* none = nullptr;
+    EXPECT_NE(S_OK, description->GetFuncDesc(ofDispatch + std::size(rows), &none));
     // The place of the private routine.
-    auto none = Arguments().parameters();
-    EXPECT_EQ(DISP_E_MEMBERNOTFOUND, invoke(langue.get(), 0x60030005, DISPATCH_METHOD, none).code);
+    auto arguments = Arguments().parameters();
+    EXPECT_EQ(DISP_E_MEMBERNOTFOUND, invoke(langue.get(), 0x60030005, DISPATCH_METHOD, arguments).code);
 }
 
 TEST_F(Langue, fixedWordsNeverChange) {
