@@ -13,6 +13,7 @@ add_library(vorla_frame OBJECT
     src/frame/com/module.cpp
     src/frame/com/publication.cpp
     src/frame/com/registration.cpp
+    src/frame/declarations/browsing.cpp
     src/frame/declarations/comparison.cpp
     src/frame/declarations/files.cpp
     src/frame/declarations/host_queries.cpp
