@@ -36,6 +36,7 @@ TEST(Properties, KeysFollowTheirSteps) { expectAgreement(compare::keys, {0, 5});
 TEST(Properties, TheNextCodeFollowsItsSteps) { expectAgreement(compare::nextCode, {0, 5, 6}); }
 TEST(Properties, PathsFollowTheirSteps) { expectAgreement(compare::paths, {0}); }
 TEST(Properties, ExtensionsFollowTheirSteps) { expectAgreement(compare::extensions, {0}); }
+TEST(Properties, FolderLevelsFollowTheirSteps) { expectAgreement(compare::folderLevels, {0}); }
 TEST(Properties, AmountsFollowTheirSteps) { expectAgreement(compare::amounts, {0}); }
 TEST(Properties, TheBankKeyFollowsItsSteps) { expectAgreement(compare::bankKey, {0}); }
 TEST(Properties, DatesFollowTheirSteps) { expectAgreement(compare::dateOrder, {0, 5}); }
