@@ -43,6 +43,8 @@ add_library(vorla_classes OBJECT
     src/system/VorlaFichier.publication.cpp
     src/system/VorlaRegistre.publication.cpp
     src/system/VorlaSystem.publication.cpp
+    src/system/drive_tray.cpp
+    src/system/file_dates.cpp
     src/text/VorlaChaine.cpp
     src/text/VorlaChaine.publication.cpp
     src/text/VorlaDate.cpp

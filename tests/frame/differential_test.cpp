@@ -3,6 +3,9 @@
 // and a reason below, and each must show up, so that a system that comes to agree is noticed.
 #include <gtest/gtest.h>
 
+#include <shlobj.h>
+
+#include <algorithm>
 #include <array>
 #include <functional>
 #include <map>
@@ -13,6 +16,7 @@
 #include "frame/specimen.h"
 #include "frame/values/conversions.h"
 #include "support/automation.h"
+#include "support/import_patch.h"
 #include "support/no_dialogs.h"
 #include "support/scripted_object.h"
 
@@ -202,8 +206,39 @@ enum class Difference {
     otherObject,
     // A member that fails: the system leaves a zero result behind. Ours leaves it Empty.
     resultOfFailure,
+    // Arguments by name, one of them a variable for a by-reference parameter: when another is an object or is
+    // missing, the system answers type mismatch. Ours takes each by its name.
+    variableByName,
     // Nobody expects it.
     unexpected,
+};
+
+// Members get arguments made by chance here, and must neither leave folders behind nor touch files that
+// happen to have their names. What the system answers is the same for both sides; a name drawn from the clock
+// would not be.
+class RefusingSystem {
+public:
+    RefusingSystem() {
+        creation_.answer([](auto...) { return FALSE; });
+        deletion_.answer([](auto...) { return FALSE; });
+        renaming_.answer([](auto...) { return FALSE; });
+        drawing_.answer([](auto...) { return 0u; });
+        browsing_.answer([](auto...) { return nullptr; });
+    }
+
+    // But for deletions: chance names no file that exists.
+    bool wasAsked() const {
+        return creation_.calls() > 0 && renaming_.calls() > 0 && drawing_.calls() > 0 &&
+               browsing_.calls() > 0;
+    }
+
+private:
+    const HMODULE module_ = GetModuleHandleW(nullptr);
+    Intercept<decltype(CreateDirectoryA)> creation_{module_, "kernel32.dll", "CreateDirectoryA"};
+    Intercept<decltype(DeleteFileA)> deletion_{module_, "kernel32.dll", "DeleteFileA"};
+    Intercept<decltype(MoveFileA)> renaming_{module_, "kernel32.dll", "MoveFileA"};
+    Intercept<decltype(GetTempFileNameA)> drawing_{module_, "kernel32.dll", "GetTempFileNameA"};
+    Intercept<decltype(SHBrowseForFolderA)> browsing_{module_, "shell32.dll", "SHBrowseForFolderA"};
 };
 
 class Differential : public testing::Test {
@@ -231,7 +266,12 @@ protected:
         for (const Parameter& parameter : parameters)
             if (parameter.type.type == VT_RECORD) return;  // the system cannot pass one; tested on their own
         const auto given = pickArguments(parameters.size(), member);
-        const auto names = pickNames(given.size(), member);
+        compareOnce(publication, description, member, given, pickNames(given.size(), member));
+    }
+
+    void compareOnce(const Publication& publication, ITypeInfo* description, const Member& member,
+                     const std::vector<Given>& given, const std::vector<DISPID>& names) {
+        const auto parameters = publication.parametersOf(member);
         ++compared_;
         const auto ours = call(publication, member, given, names, &throughInvoke);
         Seen theirs{};
@@ -243,7 +283,7 @@ protected:
                               return DispInvoke(instance, description, id, flags, arguments, result,
                                                 exception, bad);
                           });
-            difference = compare(ours, theirs, member, parameters, given);
+            difference = compare(ours, theirs, member, parameters, given, names.size());
         }
         ++seen_[difference];
         EXPECT_NE(Difference::unexpected, difference)
@@ -300,7 +340,8 @@ private:
     }
 
     static Difference compare(const Seen& ours, const Seen& theirs, const Member& member,
-                              std::span<const Parameter> parameters, const std::vector<Given>& given) {
+                              std::span<const Parameter> parameters, const std::vector<Given>& given,
+                              std::size_t names) {
         if (ours.code == theirs.code && ours.exception == theirs.exception &&
             ours.variables == theirs.variables) {
             if (ours.result == theirs.result) return Difference::none;
@@ -309,6 +350,7 @@ private:
         if (member.result.type == VT_RECORD && theirs.code == E_NOTIMPL) return Difference::recordResult;
         bool convertedReference = false, storedReference = false, valueGiven = false;
         bool objectOfKind = false, missingRequired = false, missingHandedOn = false;
+        bool variableByName = false, otherByName = false;
         for (std::size_t i = 0; i < given.size(); ++i) {
             if (given[i].omitted) continue;
             const Parameter& parameter = parameters[i];
@@ -319,6 +361,11 @@ private:
             convertedReference |= referred && !variant && !exactVariable;
             storedReference |= referred && variant && given[i].wrapping == Wrapping::typedReference;
             valueGiven |= parameter.type.byReference && given[i].wrapping == Wrapping::plain;
+            if (i >= given.size() - names) {
+                variableByName |= referred && exactVariable;
+                otherByName |=
+                    given[i].shape == Shape::objectWithDefault || given[i].shape == Shape::missingValue;
+            }
             objectOfKind |=
                 parameter.type.described == Described::picture || parameter.type.described == Described::font;
             missingHandedOn |= given[i].shape == Shape::missingValue &&
@@ -332,6 +379,8 @@ private:
         if (missingHandedOn && theirs.code == DISP_E_TYPEMISMATCH) return Difference::missingInVariable;
         if (missingRequired && ours.code == DISP_E_PARAMNOTOPTIONAL && theirs.code == DISP_E_TYPEMISMATCH)
             return Difference::requiredMissing;
+        if (variableByName && otherByName && SUCCEEDED(ours.code) && theirs.code == DISP_E_TYPEMISMATCH)
+            return Difference::variableByName;
         if (objectOfKind && ours.code == DISP_E_TYPEMISMATCH && theirs.code == E_NOINTERFACE)
             return Difference::otherObject;
         return Difference::unexpected;
@@ -375,10 +424,24 @@ TEST_F(Differential, everythingThatCanBePublished) {
 
 TEST_F(Differential, everyMemberOfTheComponent) {
     const NoDialogs messagesAreTestedElsewhere;
+    const RefusingSystem system;
     for (const Publication* publication : catalogue()) compareAll(*publication, 600);
     EXPECT_GE(compared_, 5000);
+    EXPECT_TRUE(system.wasAsked());
     expectSeen({Difference::none, Difference::typedByReference, Difference::missingInVariable,
                 Difference::zeroWhenMissing, Difference::defaultByReference});
+}
+
+TEST_F(Differential, aVariableByNameBesideAnObject) {
+    const auto& publication =
+        *std::find_if(catalogue().begin(), catalogue().end(),
+                      [](const Publication* one) { return one->find(L"FileExist") != nullptr; });
+    ComPointer<ITypeInfo> description;
+    ASSERT_EQ(S_OK, loadedDescription(*publication, description.put()));
+    compareOnce(*publication, description.get(), *publication->find(L"FileExist"),
+                {{Shape::objectWithDefault, Wrapping::plain}, {Shape::exact, Wrapping::typedReference}},
+                {0, 1});
+    expectSeen({Difference::variableByName});
 }
 
 }  // namespace
