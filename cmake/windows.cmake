@@ -23,6 +23,7 @@ add_library(vorla_frame OBJECT
     src/frame/host/bound_object.cpp
     src/frame/host/globals.cpp
     src/frame/host/host_items.cpp
+    src/frame/host/member_names.cpp
     src/frame/host/message_box.cpp
     src/frame/host/object_kinds.cpp
     src/frame/values/ansi.cpp
@@ -41,6 +42,7 @@ add_library(vorla_classes OBJECT
     src/misc/VorlaDivers.publication.cpp
     src/system/VorlaFichier.cpp
     src/system/VorlaFichier.publication.cpp
+    src/system/VorlaRegistre.cpp
     src/system/VorlaRegistre.publication.cpp
     src/system/VorlaSystem.publication.cpp
     src/system/drive_tray.cpp

@@ -201,7 +201,7 @@ Variant VorlaFichier::readFileDate(TextView FileName, const eFileDateType& DateT
 }
 
 void VorlaFichier::writeFileDate(TextView FileName, const eFileDateType& DateType, VariantView value) {
-    step([&] { setFileDate(FileName, DateType, dateIn(plainValue(value))); });
+    endOnError([&] { setFileDate(FileName, DateType, dateIn(plainValue(value))); });
 }
 
 bool VorlaFichier::DeleteFile(const Text& NomFichier) {
@@ -234,7 +234,7 @@ bool VorlaFichier::IsFieldEpmty(VariantView Valeur) {
 }
 
 void VorlaFichier::CDEjectLoad(eEjectOperation Action, TextView Lecteur) {
-    step([&] {
+    endOnError([&] {
         if (Lecteur.empty()) return;
         moveTray(Lecteur.front(), Action == eEjectOperation::eeoEjecter);
     });

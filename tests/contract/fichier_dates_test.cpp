@@ -4,6 +4,7 @@
 #include <array>
 
 #include "contract/component.h"
+#include "support/failing_calls.h"
 #include "support/import_patch.h"
 #include "support/memory_count.h"
 #include "support/scripted_object.h"
@@ -323,6 +324,11 @@ TEST_F(FichierFiles, filesAndFoldersAreRenamedAndMoved) {
     EXPECT_EQ(L"un", textOf(L"LectDat", {text(moved)}));
     expectResult(call(L"RenameFile", {text(folder), text(temporary.path(L"autre"))}), true);
     EXPECT_EQ(L"un", textOf(L"LectDat", {text(temporary.path(L"autre\\c.txt"))}));
+    // To its own name, in other letters too.
+    const auto last = temporary.path(L"autre\\c.txt");
+    expectResult(call(L"RenameFile", {text(last), text(last)}), true);
+    expectResult(call(L"RenameFile", {text(last), text(temporary.path(L"autre\\C.TXT"))}), true);
+    EXPECT_EQ(L"un", textOf(L"LectDat", {text(last)}));
 }
 
 TEST_F(FichierFiles, whatCannotBeRenamedStays) {
@@ -353,6 +359,54 @@ TEST_F(FichierFiles, whatCannotBeRenamedStays) {
     EXPECT_EQ(L"1", textOf(L"LectDat", {text(one)}));
     EXPECT_EQ(L"22", textOf(L"LectDat", {text(two)}));
     EXPECT_FALSE(TemporaryFolder::exists(temporary.path(L"autre")));
+}
+
+// Without memory a member has no result of its own, or dispatch none for it.
+TEST_F(FichierFiles, withoutMemoryNothingHappens) {
+    const auto file = temporary.file(L"fichier");
+    const std::string noMemoryLeft = "failure";
+    const auto failing = [&](const char* what, const std::function<Outcome()>& use, const Variant& right,
+                             const Variant& neutral) {
+        const auto answer = [&] {
+            const auto outcome = use();
+            return outcome.code == S_OK ? describe(outcome.result.raw()) : noMemoryLeft;
+        };
+        EXPECT_GT(failEachCall(component.module(), noMemory(), what, answer, describe(right.raw()),
+                               {describe(neutral.raw()), noMemoryLeft}),
+                  0)
+            << what;
+    };
+    const Variant day = date(2001, 2, 3, 4, 5, 6);
+    setDate(file, modification, day);
+    failing(
+        "FileDate", [&] { return dateOf(file, modification); }, day, Variant());
+    failing(
+        "DeleteFile", [&] { return call(L"DeleteFile", {text(temporary.path(L"rien"))}); }, false, false);
+    failing(
+        "RenameFile",
+        [&] {
+            return call(L"RenameFile", {text(file), text(file)});
+        },
+        true, false);
+    failing(
+        "CDEjectLoad",
+        [&] {
+            return call(L"CDEjectLoad", {long32(0), text(L"Q:")});
+        },
+        Variant(), Variant());
+    failing(
+        "CreateFolder", [&] { return call(L"CreateFolder", {text(temporary.path())}); },
+        text(temporary.path() + L"\\"), text(L""));
+    // Always another name: what counts is that none is there.
+    const auto name = [&] {
+        const auto outcome = call(L"GetTempFileName", {text(L"abc")});
+        if (outcome.code != S_OK) return noMemoryLeft;
+        const std::wstring path(viewOf(outcome.result.raw().bstrVal));
+        return std::string(path.empty() ? "none" : TemporaryFolder::exists(path) ? "a file" : "a name");
+    };
+    EXPECT_GT(failEachCall(component.module(), noMemory(), "GetTempFileName", name, "a name",
+                           {"none", noMemoryLeft}),
+              0);
 }
 
 class TemporaryNames : public FichierFiles {

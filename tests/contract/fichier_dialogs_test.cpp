@@ -7,6 +7,7 @@
 #include "contract/component.h"
 #include "support/browse_dialog.h"
 #include "support/dialog_watcher.h"
+#include "support/failing_calls.h"
 #include "support/import_patch.h"
 #include "support/memory_count.h"
 #include "support/temporary_folder.h"
@@ -359,6 +360,33 @@ TEST_F(Requests, eachCallThatFailsGivesNothing) {
     foreground.failCall(1, nullptr);
     EXPECT_EQ(temporary.path(), folderFrom(temporary.path()));
     EXPECT_EQ(nullptr, owner);
+}
+
+TEST_F(Requests, withoutMemoryThereIsNoChoice) {
+    dialog.answer([](BROWSEINFOA* request) {
+        strcpy(request->pszDisplayName, "NOM");
+        return static_cast<LPITEMIDLIST>(CoTaskMemAlloc(2));
+    });
+    Intercept<decltype(SHGetPathFromIDListA)> path(component.module(), "shell32.dll", "SHGetPathFromIDListA");
+    path.answer([](LPCITEMIDLIST, char* written) -> BOOL {
+        strcpy(written, "C:\\un dossier au nom assez long");
+        return TRUE;
+    });
+    const std::string noMemoryLeft = "failure";
+    const auto failing = [&](const wchar_t* member, const Arguments& arguments, const wchar_t* right) {
+        const auto answer = [&] {
+            const auto outcome = call(member, arguments);
+            return outcome.code == S_OK ? describe(outcome.result.raw()) : noMemoryLeft;
+        };
+        EXPECT_GT(failEachCall(component.module(), noMemory(), narrow(member), answer,
+                               describe(text(right).raw()), {describe(text(L"").raw()), noMemoryLeft}),
+                  0)
+            << narrow(member);
+    };
+    const auto longTitle = text(L"Un titre plus long que ce qui tient sans mémoire");
+    failing(L"GetFolder", {longTitle, text(temporary.path())}, L"C:\\un dossier au nom assez long");
+    failing(L"GetComputer", {longTitle}, L"NOM");
+    failing(L"GetPrinter", {longTitle}, L"NOM");
 }
 
 TEST_F(Requests, nothingIsLeftBehind) {

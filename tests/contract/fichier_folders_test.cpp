@@ -8,6 +8,7 @@
 #include "contract/component.h"
 #include "support/browse_dialog.h"
 #include "support/dialog_watcher.h"
+#include "support/failing_calls.h"
 #include "support/import_patch.h"
 #include "support/memory_count.h"
 #include "support/scripted_object.h"
@@ -379,6 +380,28 @@ TEST_F(Answers, eachCallThatFailsGivesNothing) {
     attributes.answer([](const char*) { return INVALID_FILE_ATTRIBUTES; });
     // All are there, and none is found: the first one from the root is refused.
     EXPECT_EQ(L"", created(temporary.path()));
+}
+
+// The message, the host's box and the dialog included.
+TEST_F(FichierFolders, withoutMemoryThereIsNoFolder) {
+    ScriptedObject box;
+    box.method(L"Action", [](const ScriptedObject::Call&) { return Variant(std::int32_t{1}); });
+    Intercept<decltype(SHBrowseForFolderA)> dialog(component.module(), "shell32.dll", "SHBrowseForFolderA");
+    dialog.answer([](BROWSEINFOA*) { return static_cast<LPITEMIDLIST>(CoTaskMemAlloc(2)); });
+    Intercept<decltype(SHGetPathFromIDListA)> path(component.module(), "shell32.dll", "SHGetPathFromIDListA");
+    path.answer([](LPCITEMIDLIST, char* written) -> BOOL {
+        strcpy(written, "C:\\un dossier au nom assez long");
+        return TRUE;
+    });
+    const Variant host = test::object(&box);
+    const auto answer = [&] {
+        const auto outcome = call({text(nowhere), host, text(L""), long32(0)});
+        return outcome.code == S_OK ? describe(outcome.result.raw()) : std::string("failure");
+    };
+    EXPECT_GT(failEachCall(component.module(), noMemory(), "CreateFolder", answer,
+                           describe(text(L"C:\\un dossier au nom assez long\\").raw()),
+                           {describe(text(L"").raw()), "failure"}),
+              10);
 }
 
 TEST_F(FichierFolders, nothingIsLeftBehind) {

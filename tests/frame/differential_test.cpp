@@ -422,9 +422,28 @@ TEST_F(Differential, everythingThatCanBePublished) {
                 Difference::resultOfFailure});
 }
 
+// Nothing in the registry is made, changed or deleted: this test calls members with whatever comes, twice.
+class UnchangedRegistry {
+public:
+    UnchangedRegistry() {
+        create_.answer([](auto...) { return LSTATUS{ERROR_ACCESS_DENIED}; });
+        remove_.answer([](auto...) { return LSTATUS{ERROR_ACCESS_DENIED}; });
+        set_.answer([](auto...) { return LSTATUS{ERROR_ACCESS_DENIED}; });
+        removeValue_.answer([](auto...) { return LSTATUS{ERROR_ACCESS_DENIED}; });
+    }
+
+private:
+    const HMODULE program_ = GetModuleHandleW(nullptr);
+    Intercept<decltype(RegCreateKeyExA)> create_{program_, "advapi32.dll", "RegCreateKeyExA"};
+    Intercept<decltype(RegDeleteKeyA)> remove_{program_, "advapi32.dll", "RegDeleteKeyA"};
+    Intercept<decltype(RegSetValueExA)> set_{program_, "advapi32.dll", "RegSetValueExA"};
+    Intercept<decltype(RegDeleteValueA)> removeValue_{program_, "advapi32.dll", "RegDeleteValueA"};
+};
+
 TEST_F(Differential, everyMemberOfTheComponent) {
     const NoDialogs messagesAreTestedElsewhere;
     const RefusingSystem system;
+    const UnchangedRegistry keysAndValuesToo;
     for (const Publication* publication : catalogue()) compareAll(*publication, 600);
     EXPECT_GE(compared_, 5000);
     EXPECT_TRUE(system.wasAsked());

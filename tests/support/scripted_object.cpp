@@ -165,6 +165,11 @@ ScriptedObject& ScriptedObject::failCallDeferred(int number, WORD errorNumber) {
     return *this;
 }
 
+ScriptedObject& ScriptedObject::failLookup(int number, HRESULT code) {
+    failedLookups_[lookups_ + number] = code;
+    return *this;
+}
+
 Variant& ScriptedObject::value(const wchar_t* name) { return known(name).values.at(0); }
 Variant& ScriptedObject::value(const wchar_t* name, std::size_t index) {
     return known(name).values.at(index);
@@ -235,6 +240,9 @@ HRESULT ScriptedObject::GetTypeInfo(UINT index, LCID, ITypeInfo** type) {
 HRESULT ScriptedObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
     if (count != 1) return E_INVALIDARG;
     log_.push_back(L"lookup " + std::wstring(names[0]));
+    ids[0] = DISPID_UNKNOWN;
+    if (const auto ordered = failedLookups_.find(++lookups_); ordered != failedLookups_.end())
+        return ordered->second;
     const auto* const member = names[0][0] == L'(' ? nullptr : find(names[0]);
     ids[0] = member ? firstId + static_cast<DISPID>(member - members_.data()) : DISPID_UNKNOWN;
     return member ? S_OK : DISP_E_UNKNOWNNAME;

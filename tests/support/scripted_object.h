@@ -78,6 +78,8 @@ public:
     ScriptedObject& failCallWithNumber(int number, WORD errorNumber);
     /// The same, but the exception is filled in only when the caller asks for it.
     ScriptedObject& failCallDeferred(int number, WORD errorNumber);
+    /// The `number`-th lookup of a name from now fails with this code, whether or not the name is known.
+    ScriptedObject& failLookup(int number, HRESULT code);
 
     /// What a property holds.
     Variant& value(const wchar_t* name);
@@ -149,6 +151,8 @@ private:
     ClassInfo classInfo_{*this};
     std::map<int, Failure> failures_;
     int calls_ = 0;
+    std::map<int, HRESULT> failedLookups_;
+    int lookups_ = 0;
     std::vector<std::wstring> log_;
     long references_ = 0;
 };
