@@ -47,17 +47,6 @@ LPITEMIDLIST itemOf(const std::wstring& path) {
     return item;
 }
 
-// Reads every folder on the way to a path. Wine's tree knows a folder by its access time too, and reading one
-// that has just been changed, as it does while it looks for the start folder, makes that time a new one.
-void readTheWayTo(const std::wstring& path) {
-    for (auto end = path.find(L'\\'); end != std::wstring::npos; end = path.find(L'\\', end + 1)) {
-        WIN32_FIND_DATAW found;
-        const FileSearch search(FindFirstFileW((path.substr(0, end) + L"\\*").c_str(), &found));
-        while (search && FindNextFileW(search.get(), &found)) {
-        }
-    }
-}
-
 class FichierDialogs : public testing::Test {
 protected:
     Outcome call(const wchar_t* name, Arguments arguments) {

@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include "frame/values/unique_handle.h"
+
 namespace vorla::test {
 namespace {
 
@@ -59,6 +61,15 @@ bool BrowseDialog::select(const std::wstring& name) const {
         if (nameOf(tree_, item) == name) found = item;
     });
     return found && SendMessageW(tree_, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(found));
+}
+
+void readTheWayTo(const std::wstring& path) {
+    for (auto end = path.find(L'\\'); end != std::wstring::npos; end = path.find(L'\\', end + 1)) {
+        WIN32_FIND_DATAW found;
+        const FileSearch search(FindFirstFileW((path.substr(0, end) + L"\\*").c_str(), &found));
+        while (search && FindNextFileW(search.get(), &found)) {
+        }
+    }
 }
 
 }  // namespace vorla::test

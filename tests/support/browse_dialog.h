@@ -25,4 +25,9 @@ private:
     HWND tree_;
 };
 
+/// Reads every folder on the way to a path. Wine's tree knows a folder by its access time too, and reading
+/// one that has just been changed, as it does while it looks for the start folder, makes that time a new one:
+/// it then opens on a folder further up. So this comes between changes and the dialog.
+void readTheWayTo(const std::wstring& path);
+
 }  // namespace vorla::test
