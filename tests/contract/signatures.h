@@ -17,6 +17,8 @@ inline std::wstring typeName(ITypeInfo* description, const TYPEDESC& type) {
         case VT_VOID: return L"void";
         case VT_BSTR: return L"BSTR";
         case VT_BOOL: return L"BOOL";
+        case VT_UI1: return L"UI1";
+        case VT_I2: return L"I2";
         case VT_I4: return L"I4";
         case VT_R8: return L"R8";
         case VT_VARIANT: return L"VARIANT";
@@ -31,11 +33,6 @@ inline std::wstring typeName(ITypeInfo* description, const TYPEDESC& type) {
         }
         default: return std::to_wstring(type.vt);
     }
-}
-
-inline std::wstring writtenDefault(const VARIANT& value) {
-    if (value.vt == VT_BSTR) return L'"' + std::wstring(viewOf(value.bstrVal)) + L'"';
-    return std::to_wstring(value.vt == VT_BOOL ? value.boolVal : value.lVal);
 }
 
 /// "BOOL Name(BSTR One, [&BOOL Two=-1])", with "&" for by reference and brackets around what is optional;
@@ -63,7 +60,11 @@ inline std::wstring signature(ITypeInfo* description, UINT index) {
         if (const auto name = names[i + 1].view(); !name.empty()) one += L' ' + std::wstring(name);
         if (parameter.paramdesc.wParamFlags & PARAMFLAG_FHASDEFAULT) {
             const VARIANT& value = parameter.paramdesc.pparamdescex->varDefaultValue;
-            one += L'=' + writtenDefault(value);
+            one += L'=';
+            if (value.vt == VT_BSTR)
+                one += L'"' + std::wstring(viewOf(value.bstrVal)) + L'"';
+            else
+                one += std::to_wstring(value.vt == VT_BOOL ? value.boolVal : value.lVal);
         }
         written += (i > 0 ? L", " : L"") + (optional ? L'[' + one + L']' : one);
     }

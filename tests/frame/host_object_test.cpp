@@ -287,6 +287,69 @@ TEST(HostItems, walkEveryKindOfCollection) {
     }
 }
 
+TEST(HostItems, walkWhatIsNumberedFromOne) {
+    struct Row {
+        Walk walk;
+        Log calls;  // behind the question for an enumerator, the count and the names
+    };
+    const Row rows[] = {
+        // Item 0 fails, the last one is there, then all in order.
+        {Walk::byCountAndItem, {L"get Item", L"get Item", L"get Item", L"get Item", L"get Item"}},
+        {Walk::byCountAndDefault,
+         {L"get (default)", L"get (default)", L"get (default)", L"get (default)", L"get (default)"}},
+    };
+    for (const Row& row : rows) {
+        ScriptedObject collection;
+        collection.items({text(L"un"), std::int16_t{2}, text(L"trois")}, row.walk).numberedFrom(1);
+        EXPECT_EQ("vt 8 \"un\"; vt 2 2; vt 8 \"trois\"; ", walked(collection));
+        const Log& log = collection.log();
+        EXPECT_EQ(row.calls, Log(log.begin() + 4, log.end()));
+        EXPECT_EQ(0, collection.references());
+        ScriptedObject one, empty;
+        one.items({text(L"seul")}, row.walk).numberedFrom(1);
+        EXPECT_EQ("vt 8 \"seul\"; ", walked(one));
+        empty.items({}, row.walk).numberedFrom(1);
+        EXPECT_EQ("", walked(empty));
+        EXPECT_EQ(4u, empty.log().size());
+        // Numbered from anywhere else it cannot be walked.
+        ScriptedObject strange;
+        strange.items({text(L"un"), text(L"deux")}, row.walk).numberedFrom(2);
+        EXPECT_EQ(381, errorOf([&] { walked(strange); }));
+    }
+}
+
+TEST(HostItems, numberedFromOneWithEveryCallFailingInTurn) {
+    // The enumerator, the count, item 0, the last one, item 1, item 2.
+    int failing = 1;
+    for (;; ++failing) {
+        ScriptedObject collection;
+        collection.items({std::int16_t{1}, std::int16_t{2}}, Walk::byCountAndItem).numberedFrom(1);
+        collection.failCall(failing, static_cast<HRESULT>(0x800A0009));
+        std::string items;
+        const auto error = errorOf([&] { items = walked(collection); });
+        EXPECT_EQ(0, collection.references());
+        // Item 0 fails anyhow. Where the last one fails too, its own error is the answer.
+        const bool harmless = failing == 3 || failing > 6;
+        EXPECT_EQ(harmless ? 0 : failing == 4 ? 381 : 9, error) << failing;
+        EXPECT_EQ(harmless ? "vt 2 1; vt 2 2; " : "", items) << failing;
+        if (failing > 6) break;
+    }
+}
+
+// The first item of what is numbered from 0 fails for another reason: the second is not taken for the first.
+TEST(HostItems, aFailureOfItemZeroIsNotHidden) {
+    for (const int count : {1, 2, 3}) {
+        ScriptedObject collection;
+        collection.items(std::vector<Variant>(static_cast<std::size_t>(count), Variant(true)),
+                         Walk::byCountAndItem);
+        collection.failCall(3, static_cast<HRESULT>(0x800A0007));
+        HostItems items{HostObject(&collection)};
+        Variant item;
+        EXPECT_EQ(7, errorOf([&] { items.next(item); })) << count;
+        EXPECT_EQ(VT_EMPTY, item.raw().vt);
+    }
+}
+
 TEST(HostItems, objectsAreReleased) {
     ScriptedObject control, collection;
     collection.items({object(&control), object(&control)}, Walk::byEnumerator);

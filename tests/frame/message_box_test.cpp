@@ -29,6 +29,15 @@ TEST(MessageBox, oneWatcherAnswersSeveral) {
     EXPECT_EQ(Texts{L"seconde"}, watcher.seen()[1].texts);
 }
 
+TEST(MessageBox, warnsUnderATitleOfItsOwn) {
+    const DialogWatcher watcher;
+    warningBox(L"Accès refusé", L"Erreur");
+    ASSERT_EQ(1u, watcher.seen().size());
+    EXPECT_EQ(Texts{L"Accès refusé"}, watcher.seen()[0].texts);
+    EXPECT_EQ(1u, watcher.seen()[0].buttons.size());
+    EXPECT_EQ(L"Erreur", watcher.seen()[0].title);
+}
+
 TEST(MessageBox, withAStyleAnswersTheButton) {
     constexpr std::int32_t style = MB_OKCANCEL | MB_ICONSTOP;
     for (const int button : {IDOK, IDCANCEL}) {

@@ -58,20 +58,19 @@ inline int failEachCall(HMODULE module, const Fault& fault, const std::string& w
                         const std::function<std::string()>& use, const std::string& right,
                         const std::set<std::string>& whenFailed) {
     constexpr int enough = 1000;
-    // What is kept on purpose is there before anything is counted.
     EXPECT_EQ(right, use()) << what;
     for (int number = 1; number < enough; ++number) {
         const auto where = what + ", " + fault.name + " " + std::to_string(number);
         std::string answer;
-        DWORD before = 0, after = 0;
+        // What the system and we keep on purpose is there before anything is counted.
+        fault.run(module, number, use);
         SetErrorInfo(0, nullptr);
-        GetProcessHandleCount(GetCurrentProcess(), &before);
+        const auto before = Resources::held();
         const MemoryCount memory;
         const bool failed = fault.run(module, number, [&] { answer = use(); });
         SetErrorInfo(0, nullptr);
         EXPECT_EQ(0, memory.live()) << where;
-        GetProcessHandleCount(GetCurrentProcess(), &after);
-        EXPECT_EQ(before, after) << where;
+        EXPECT_EQ(before, Resources::held()) << where;
         if (!failed) {
             EXPECT_EQ(right, answer) << where;
             return number - 1;

@@ -140,6 +140,11 @@ ScriptedObject& ScriptedObject::items(std::vector<Variant> values, Walk walk) {
     return walk == Walk::byCountAndItem ? *this : defaultMember(name);
 }
 
+ScriptedObject& ScriptedObject::numberedFrom(std::int32_t first) {
+    members_.back().firstIndex = first;
+    return *this;
+}
+
 ScriptedObject& ScriptedObject::className(const wchar_t* name) {
     class_ = typeNamed(name, TKIND_COCLASS);
     return *this;
@@ -266,7 +271,7 @@ HRESULT ScriptedObject::answer(Member& member, const Call& call, Variant& result
         Variant number;
         if (FAILED(VariantChangeType(number.put(), const_cast<VARIANT*>(&call.argument(0).raw()), 0, VT_I4)))
             return DISP_E_TYPEMISMATCH;
-        index = static_cast<std::size_t>(number.raw().lVal);
+        index = static_cast<std::size_t>(number.raw().lVal - member.firstIndex);
         if (index >= member.values.size()) return static_cast<HRESULT>(0x800A0000u + invalidIndex);
     }
     if (!values) {

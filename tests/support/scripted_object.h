@@ -66,6 +66,8 @@ public:
     /// This name's member is the default one too.
     ScriptedObject& defaultMember(const wchar_t* name);
     ScriptedObject& items(std::vector<Variant> values, Walk walk);
+    /// The items just given, or the indexed property, are numbered from here instead of from 0.
+    ScriptedObject& numberedFrom(std::int32_t first);
 
     /// The name of the class, told through IProvideClassInfo, or of the interface, through GetTypeInfo.
     ScriptedObject& className(const wchar_t* name);
@@ -126,6 +128,7 @@ private:
         Method body;                  // of a method
         bool writable = true;
         bool indexed = false;
+        std::int32_t firstIndex = 0;
     };
 
     struct Failure {

@@ -26,9 +26,7 @@ using Item = UniqueHandle<ItemKind>;
 // As long as the dialog's own: it is given no length.
 using NameBuffer = std::array<char, MAX_PATH>;
 
-Text textOf(const NameBuffer& buffer) {
-    return fromAnsi({buffer.data(), strnlen(buffer.data(), buffer.size())});
-}
+Text textOf(const NameBuffer& buffer) { return fromAnsiBuffer({buffer.data(), buffer.size()}); }
 
 std::string startFolder(TextView path) {
     const bool isFile = !DecoupeChemin(path, eFileN::eFNomFichier).text().empty();

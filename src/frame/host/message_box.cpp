@@ -22,6 +22,10 @@ void CALLBACK showHelp(HELPINFO*) {
 
 void messageBox(TextView text) { MessageBoxW(nullptr, Text(text).c_str(), app::title().c_str(), MB_OK); }
 
+void warningBox(TextView text, TextView title) {
+    MessageBoxW(nullptr, Text(text).c_str(), Text(title).c_str(), MB_OK | MB_ICONEXCLAMATION);
+}
+
 std::int32_t messageBox(TextView text, std::int32_t style, std::int32_t owner) {
     const Text shown(text), title = app::title();
     // Handles of windows have 32 bits that count, everywhere.
