@@ -15,6 +15,9 @@ void measureEarlyBinding(Bench& bench, const Component& component);
 /// Making and releasing an object, against another in-process class.
 void measureCreation(Bench& bench, const Component& component);
 
+/// A host's list driven by name, against the same loop written by hand.
+void measureHostObjects(Bench& bench, const Component& component);
+
 /// Time per character for long texts against short ones.
 void measureGrowth(Bench& bench, const Component& component);
 

@@ -20,8 +20,10 @@ add_library(vorla_frame OBJECT
     src/frame/declarations/system_queries.cpp
     src/frame/declarations/waiting.cpp
     src/frame/host/bound_object.cpp
+    src/frame/host/error_object.cpp
     src/frame/host/globals.cpp
     src/frame/host/host_items.cpp
+    src/frame/host/member_names.cpp
     src/frame/host/message_box.cpp
     src/frame/host/object_kinds.cpp
     src/frame/values/ansi.cpp
@@ -29,7 +31,8 @@ add_library(vorla_frame OBJECT
     src/frame/values/invocation.cpp
     src/frame/values/per_thread.cpp
     src/frame/values/variant.cpp)
-target_link_libraries(vorla_frame PUBLIC vorla_rules ole32 oleaut32 uuid)
+# The error object is oleaut32's; the import library of ole32 has it too, but before Windows 8 ole32 has not.
+target_link_libraries(vorla_frame PUBLIC vorla_rules oleaut32 ole32 uuid)
 
 add_library(vorla_classes OBJECT
     src/frame/contract/catalogue.cpp
@@ -44,7 +47,9 @@ add_library(vorla_classes OBJECT
     src/misc/VorlaDivers.publication.cpp
     src/system/VorlaFichier.cpp
     src/system/VorlaFichier.publication.cpp
+    src/system/VorlaRegistre.cpp
     src/system/VorlaRegistre.publication.cpp
+    src/system/VorlaSystem.cpp
     src/system/VorlaSystem.publication.cpp
     src/text/VorlaChaine.cpp
     src/text/VorlaChaine.publication.cpp
@@ -52,7 +57,7 @@ add_library(vorla_classes OBJECT
     src/text/VorlaDate.publication.cpp
     src/text/VorlaNumerique.cpp
     src/text/VorlaNumerique.publication.cpp)
-target_link_libraries(vorla_classes PUBLIC vorla_frame)
+target_link_libraries(vorla_classes PUBLIC vorla_frame mpr shell32 shlwapi)
 
 # The type library is written by a program of the same build, from the same tables as the component.
 add_library(type_library_writer OBJECT 

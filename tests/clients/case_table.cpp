@@ -14,12 +14,12 @@ namespace {
 
 class LineReader {
 public:
-    LineReader(int number, std::string_view line) : number_(number), rest_(line) {}
+    LineReader(std::string place, std::string_view line) : place_(std::move(place)), rest_(line) {}
 
     std::wstring name() {
         std::wstring result;
         skipBlanks();
-        while (!rest_.empty() && rest_[0] != '(') result += character();
+        while (!rest_.empty() && rest_[0] != '(' && rest_[0] != ' ') result += character();
         return result;
     }
 
@@ -59,7 +59,7 @@ public:
 
 private:
     [[noreturn]] void fail(std::string_view expected) {
-        throw std::runtime_error("line " + std::to_string(number_) + ": expected " + std::string(expected) +
+        throw std::runtime_error(place_ + ": expected " + std::string(expected) +
                                  " before: " + std::string(rest_));
     }
 
@@ -134,7 +134,7 @@ private:
         return Variant(result);
     }
 
-    int number_;
+    std::string place_;
     std::string_view rest_;
 };
 
@@ -172,18 +172,37 @@ std::string asNumber(const VARIANT& value) {
     return result;
 }
 
+std::string asDay(double date) {
+    SYSTEMTIME day;
+    if (!VariantTimeToSystemTime(date, &day)) return "no date";
+    char result[40];
+    std::snprintf(result, sizeof result, "D%04d-%02d-%02d", day.wYear, day.wMonth, day.wDay);
+    return result;
+}
+
+std::string fileOf(const std::string& path) {
+    const auto begin = path.find_last_of("/\\") + 1;
+    return path.substr(begin, path.rfind('.') - begin);
+}
+
 }  // namespace
 
-std::vector<Case> readCases(const char* path, const std::string& language) {
+void readCases(const std::string& path, const std::string& language, std::vector<Case>& cases) {
     std::ifstream file(path, std::ios::binary);
-    if (!file) throw std::runtime_error(std::string("cannot be read: ") + path);
-    std::vector<Case> cases;
+    if (!file) throw std::runtime_error("cannot be read: " + path);
     std::string line;
+    std::wstring className;
     for (int number = 1; std::getline(file, line); ++number) {
-        LineReader reader(number, line);
+        const auto place = fileOf(path) + ":" + std::to_string(number);
+        LineReader reader(place, line);
         if (line.empty() || reader.at('#')) continue;
+        if (reader.take("class ")) {
+            className = reader.name();
+            continue;
+        }
         Case read;
-        read.line = number;
+        read.name = place;
+        read.className = className;
         read.member = reader.name();
         reader.need("(");
         while (!reader.take(")")) {
@@ -201,17 +220,34 @@ std::vector<Case> readCases(const char* path, const std::string& language) {
         reader.need("=");
         if (reader.isFor(language)) cases.push_back(std::move(read));
     }
-    return cases;
-}
-
-std::string describeResult(const VARIANT& result) {
-    if (result.vt == VT_BSTR) return quotedText(viewOf(result.bstrVal));
-    if (result.vt == VT_R4) return asNumber(result) + "!";
-    return "type " + std::to_string(result.vt) + " " + asNumber(result);
 }
 
 std::string describeVariable(const VARIANT& variable) {
-    return variable.vt == VT_BSTR ? quotedText(viewOf(variable.bstrVal)) : asNumber(variable);
+    switch (variable.vt) {
+        case VT_BSTR: return quotedText(viewOf(variable.bstrVal));
+        case VT_BOOL: return variable.boolVal ? "True" : "False";
+        case VT_DATE: return asDay(variable.date);
+        case VT_EMPTY: return "Empty";
+        case VT_NULL: return "Null";
+        default: return asNumber(variable);
+    }
+}
+
+std::string describeResult(const VARIANT& result) {
+    const auto value = describeVariable(result);
+    switch (result.vt) {
+        case VT_I2: return value + "%";
+        case VT_I4: return value + "&";
+        case VT_R4: return value + "!";
+        case VT_R8: return value + "#";
+        case VT_CY: return value + "@";
+        case VT_BSTR:
+        case VT_BOOL:
+        case VT_DATE:
+        case VT_EMPTY:
+        case VT_NULL: return value;
+        default: return "type " + std::to_string(result.vt) + " " + value;
+    }
 }
 
 }  // namespace vorla::test

@@ -1,5 +1,5 @@
-// The cases of cases.txt as C++ values, and answers in the form that every client writes. The file itself
-// says what a line means.
+// The cases of the files in cases/ as C++ values, and answers in the form that every client writes.
+// cases/README.md says what a line means.
 #pragma once
 
 #include <string>
@@ -16,16 +16,17 @@ struct CaseArgument {
 };
 
 struct Case {
-    int line = 0;
+    std::string name;  // of its file and line
+    std::wstring className;
     std::wstring member;
     std::vector<CaseArgument> arguments;
 };
 
-/// The cases for the settings of one language, "fr" or "en"; what they expect is left to the runner.
-/// Throws std::runtime_error for a file that cannot be read and a line that makes no sense.
-std::vector<Case> readCases(const char* path, const std::string& language);
+/// Appends a file's cases for the settings of one language, "fr" or "en"; what they expect is left to the
+/// runner. Throws std::runtime_error for a file that cannot be read and a line that makes no sense.
+void readCases(const std::string& path, const std::string& language, std::vector<Case>& cases);
 
-/// What a result looks like among the answers: texts quoted, singles marked, other types named.
+/// What a result looks like among the answers: as the cases write it, with its type.
 std::string describeResult(const VARIANT& result);
 
 /// What a by-reference variable looks like there: its value, whatever its type has become.

@@ -1,7 +1,7 @@
-# Turns cases.txt into one of
+# Turns the files of cases into one of
 #   -v target=vbs        the calls as VBScript statements, in UTF-8
 #   -v target=js         the calls as JScript statements
-#   -v target=expected   the expected answers, as every client writes them
+#   -v target=expected   the expected answers, as every client writes them, each before a tab and its case
 # for the cases of -v language=fr or en. Plain awk, bytes throughout: run it with LC_ALL=C.
 
 function fail(what) {
@@ -198,18 +198,50 @@ function literal() { return target == "vbs" ? vbs_value() : js_value() }
 # A call with its variables named v1, v2, ...
 function emit(    place, separator, i) {
     if (inexpressible != "") {
-        printf target == "vbs" ? "Skip %d, \"%s\"\n" : "skip(%d, \"%s\");\n", FNR, inexpressible
+        printf target == "vbs" ? "Skip \"%s\", \"%s\"\n" : "skip(\"%s\", \"%s\");\n", place_of_case(), inexpressible
     } else if (target == "vbs") {
         for (i = 1; i <= variables; i++) printf "v%d = %s\n", i, variable[i]
-        printf "r = Empty\nr = o.%s(%s)\nAnswer %d, r, %d\n", member, arguments, FNR, variables
+        printf "r = Empty\nr = o.%s(%s)\nAnswer \"%s\", r, %d\n", member, arguments, place_of_case(), variables
     } else {
-        printf "answer(%d, function (v) { return o[\"%s\"](%s); }, [", FNR, member, arguments
+        printf "answer(\"%s\", function (v) { return o[\"%s\"](%s); }, [", place_of_case(), member, arguments
         for (i = 1; i <= variables; i++) printf "%s%s", (i > 1 ? ", " : ""), variable[i]
         printf "]);\n"
     }
 }
 
-function canonical_value() { return kind == "text" ? canonical_text() : value (kind == "!" ? "!" : "") }
+# What a variable holds: its value, whatever its type.
+function canonical_variable() {
+    if (kind == "text") return canonical_text()
+    if (kind == "date") return "D" value
+    return value == "" ? kind : value
+}
+
+# A result has a type as well.
+function canonical_result() { return canonical_variable() (kind ~ /^[%&!#@]$/ ? kind : "") }
+
+# A name as it stands in VBScript; in JScript its escapes do.
+function plain_name(name,    i, unit, result) {
+    if (target != "vbs") return name
+    result = ""
+    for (i = 1; i <= length(name); i += length(unit)) {
+        unit = unit_at(name, i)
+        result = result utf8(code_of(unit))
+    }
+    return result
+}
+
+function emit_class(name) {
+    if (target == "vbs") printf "Set o = Nothing\nSet o = CreateObject(\"Vorla6.%s\")\n", name
+    if (target == "js") printf "o = new ActiveXObject(\"Vorla6.%s\");\n", name
+}
+
+# The case that is being read, by its file and line.
+function place_of_case(    file) {
+    file = FILENAME
+    sub(/.*\//, "", file)
+    sub(/\.txt$/, "", file)
+    return file ":" FNR
+}
 
 BEGIN {
     for (i = 32; i < 127; i++) printable = printable sprintf("%c", i)
@@ -218,19 +250,24 @@ BEGIN {
                    "201d 2022 2013 2014 02dc 2122 0161 203a 0153 017e 0178"
 }
 
+FNR == 1 { class = "" }
+
 /^ *(#|$)/ { next }
 
-{
-    rest = $0
+{ rest = $0 }
+
+take("class ") {
     need("[A-Za-z\\\\][A-Za-z0-9\\\\]*")
-    member = taken
-    if (target == "vbs") {
-        for (i = 1; i <= length(taken); i += length(unit)) {
-            unit = unit_at(taken, i)
-            name = (i == 1 ? "" : name) utf8(code_of(unit))
-        }
-        member = name
-    }
+    class = taken
+    if (rest != "") fail("left over: " rest)
+    emit_class(plain_name(class))
+    next
+}
+
+{
+    if (class == "") fail("a file begins with its class")
+    need("[A-Za-z\\\\][A-Za-z0-9_\\\\]*")
+    member = plain_name(taken)
     inexpressible = ""
     arguments = ""
     variables = 0
@@ -250,6 +287,7 @@ BEGIN {
         written = literal()
         if (by_reference) {
             variable[++variables] = written
+            held[variables] = canonical_variable()
             written = target == "vbs" ? "v" variables : "v[" variables - 1 "]"
         }
         arguments = arguments separator written
@@ -259,11 +297,15 @@ BEGIN {
         answer = taken
     } else {
         take_value()
-        answer = canonical_value()
+        answer = canonical_result()
+        if (target == "js" && (kind == "@" || kind == "date"))
+            inexpressible = "the engine takes neither currency nor dates"
     }
-    while (take("ref ")) {
+    for (count = 1; take("ref "); count++) {
         take_value()
-        answer = answer " ref " canonical_value()
+        answer = answer " ref " canonical_variable()
+        if (target == "js" && canonical_variable() != held[count])
+            inexpressible = "the language passes values, no variables"
     }
     wanted = 1
     while (take("\\[(fr|en)\\]")) wanted = taken == "[" language "]"
@@ -271,7 +313,7 @@ BEGIN {
     if (rest != "") fail("left over: " rest)
     if (!wanted) next
     if (target == "expected")
-        printf "%d %s\n", FNR, answer
+        printf "%s %s\t%s\n", place_of_case(), answer, $0
     else
         emit()
 }

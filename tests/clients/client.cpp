@@ -1,13 +1,14 @@
-// Calls every case of the table and writes the answers: `client cases.txt fr|en invoke|vtable`.
+// Calls every case of the files and writes the answers: `client fr|en invoke|vtable files...`.
 //
 // "invoke" calls late-bound, by name, as a script engine does; "vtable" calls the slots of the dual
-// interface as a compiled host does, which converts nothing and fills in what was left out.
+// interface as a compiled host does, which knows them from the type library, converts nothing and fills in
+// what was left out.
 #include <ole2.h>
 #include <windows.h>
 
 #include <cstdio>
 #include <exception>
-#include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,28 +17,7 @@
 #include "frame/values/unique_handle.h"
 
 namespace vorla::test {
-
-// The interface as a host declares it from the type library, in the order of its slots. Not in the unnamed
-// namespace: there the compiler would see that nobody implements it, and take its calls for unreachable.
-struct DualChaine : IDispatch {
-    virtual HRESULT __stdcall CBR(VARIANT Chaine, SHORT Longueur, BSTR* result) = 0;
-    virtual HRESULT __stdcall CBL(VARIANT Chaine, SHORT Longueur, BSTR* result) = 0;
-    virtual HRESULT __stdcall ExtraitChaine(BSTR Chaine, SHORT Rang, BSTR Separateur,
-                                            VARIANT_BOOL DepuisLaFin, BSTR* result) = 0;
-    virtual HRESULT __stdcall Transfrm(BSTR Chaine, BSTR Car1, BSTR Car2, SHORT Debut, SHORT Nombre,
-                                       BSTR* result) = 0;
-    virtual HRESULT __stdcall Occurrence(BSTR Chaine, BSTR Cherche, VARIANT_BOOL CaseSensitive, SHORT Start,
-                                         FLOAT* result) = 0;
-    virtual HRESULT __stdcall Zclé(BSTR Clé, SHORT Longueur, BSTR* result) = 0;
-    virtual HRESULT __stdcall NumLet(BSTR Chaine, SHORT Longueur, BSTR* result) = 0;
-    virtual HRESULT __stdcall SplitStr(VARIANT Chaine, BSTR* result) = 0;
-    virtual HRESULT __stdcall Parse(BSTR strArg, LONG* ParseSeparatorType, BSTR* CustomSeparator,
-                                    BSTR* result) = 0;
-};
-
 namespace {
-
-constexpr GUID dualChaineId = {0x57AB0030, 0x7BA1, 0x412D, {0xBD, 0x16, 0x32, 0x9B, 0x0A, 0x86, 0xB1, 0xAB}};
 
 // What the case asks for cannot be written in this kind of host.
 struct Inexpressible {
@@ -99,70 +79,117 @@ std::string callLateBound(IDispatch* object, Case& called) {
 
 // --- by the vtable ---
 
-// Arguments of the very types that the slots take. What is missing gets the default that the type library
-// declares, as a compiler puts it.
-class TypedArguments {
+void demand(HRESULT code, const char* what) {
+    if (FAILED(code)) throw std::runtime_error(what);
+}
+
+// A member as the type library describes it, for as long as this lives.
+class Description {
 public:
-    explicit TypedArguments(Case& called) : arguments_(called.arguments) {}
-
-    ~TypedArguments() {
-        for (const BSTR owned : owned_) SysFreeString(owned);
+    Description(ITypeInfo* type, DISPID member) : type_(type) {
+        for (UINT i = 0;; ++i) {
+            demand(type->GetFuncDesc(i, &function_), "a member is not described");
+            if (function_->memid == member && function_->invkind <= INVOKE_PROPERTYGET) return;
+            type->ReleaseFuncDesc(function_);
+        }
     }
+    Description(const Description&) = delete;
+    Description& operator=(const Description&) = delete;
+    ~Description() { type_->ReleaseFuncDesc(function_); }
 
-    VARIANT variant(std::size_t index) { return required(index).raw(); }
+    const FUNCDESC& function() const { return *function_; }
+    std::size_t parameterCount() const { return static_cast<std::size_t>(function_->cParams); }
+    const ELEMDESC& parameter(std::size_t index) const { return function_->lprgelemdescParam[index]; }
 
-    BSTR text(std::size_t index, std::optional<std::wstring_view> whenMissing = {}) {
-        if (const auto given = find(index, whenMissing.has_value())) return typed(*given, VT_BSTR).bstrVal;
-        owned_.push_back(Bstr(*whenMissing).detach());
-        return owned_.back();
-    }
-
-    SHORT number(std::size_t index, std::optional<SHORT> whenMissing = {}) {
-        const auto given = find(index, whenMissing.has_value());
-        return given ? typed(*given, VT_I2).iVal : *whenMissing;
-    }
-
-    VARIANT_BOOL boolean(std::size_t index, bool whenMissing) {
-        const auto given = find(index, true);
-        if (!given) return whenMissing ? VARIANT_TRUE : VARIANT_FALSE;
-        return typed(*given, VT_BOOL).boolVal;
-    }
-
-    // Variables: what the case holds, else one of the call's own.
-    LONG* numberVariable(std::size_t index) {
-        const auto given = find(index, true);
-        if (!given) return &ownNumber_;
-        typed(*given, VT_I4);
-        return &given->put()->lVal;
-    }
-
-    BSTR* textVariable(std::size_t index) {
-        const auto given = find(index, true);
-        if (!given) return &ownText_;
-        typed(*given, VT_BSTR);
-        return &given->put()->bstrVal;
-    }
-
-    // Compilers count the arguments.
-    void expectAtMost(std::size_t count) {
-        if (arguments_.size() > count) throw Inexpressible{wrongCount};
+    // The type of a value as it is passed: an enumeration's is the integer that it is.
+    VARTYPE passed(const TYPEDESC& type) const {
+        if (type.vt != VT_USERDEFINED) return type.vt;
+        ComPointer<ITypeInfo> defined;
+        TYPEATTR* attributes = nullptr;
+        demand(type_->GetRefTypeInfo(type.hreftype, defined.put()), "a type is not described");
+        demand(defined->GetTypeAttr(&attributes), "a type is not described");
+        const auto kind = attributes->typekind;
+        defined->ReleaseTypeAttr(attributes);
+        if (kind == TKIND_ENUM) return VT_I4;
+        return kind == TKIND_RECORD ? VT_RECORD : VT_DISPATCH;
     }
 
 private:
-    static constexpr auto wrongCount = "a compiler refuses the number of arguments";
+    ITypeInfo* type_;
+    FUNCDESC* function_ = nullptr;
+};
 
-    Variant* find(std::size_t index, bool optional) {
-        if (index < arguments_.size() && !arguments_[index].value.view().isMissing())
-            return &arguments_[index].value;
-        if (!optional) throw Inexpressible{wrongCount};
-        return nullptr;
+constexpr auto wrongCount = "a compiler refuses the number of arguments";
+
+// Arguments of the very types that the slot takes. What is missing gets the default that the type library
+// declares, as a compiler puts it.
+class TypedArguments {
+public:
+    TypedArguments(Case& called, const Description& member) {
+        const auto count = member.parameterCount();
+        if (called.arguments.size() > count) throw Inexpressible{wrongCount};
+        values_.resize(count);
+        for (std::size_t i = 0; i < count; ++i) {
+            const ELEMDESC& parameter = member.parameter(i);
+            const bool byReference = parameter.tdesc.vt == VT_PTR;
+            const auto type = member.passed(byReference ? *parameter.tdesc.lptdesc : parameter.tdesc);
+            const bool given = i < called.arguments.size() && !called.arguments[i].value.view().isMissing();
+            if (!given) values_[i] = whenMissing(parameter, type);
+            pass(given ? called.arguments[i].value : values_[i], type, byReference);
+        }
     }
 
-    Variant& required(std::size_t index) { return *find(index, false); }
+    /// The slot's last argument: where the result goes.
+    void passResult(VARTYPE type, VARIANT& result) {
+        result = {};
+        if (type != VT_VARIANT) result.vt = type;
+        VARIANT where{};
+        where.vt = static_cast<VARTYPE>(VT_BYREF | type);
+        where.byref = type == VT_VARIANT ? static_cast<void*>(&result) : &result.byref;
+        passed_.push_back(where);
+    }
+
+    HRESULT call(IDispatch* object, const FUNCDESC& function) {
+        std::vector<VARTYPE> types;
+        std::vector<VARIANT*> places;
+        for (std::size_t i = 0; i < passed_.size(); ++i) {
+            types.push_back(i < variants_.size() && variants_[i] ? VARTYPE{VT_VARIANT} : passed_[i].vt);
+            places.push_back(&passed_[i]);
+        }
+        VARIANT answer{};
+        demand(DispCallFunc(object, static_cast<ULONG_PTR>(function.oVft), CC_STDCALL, VT_ERROR,
+                            static_cast<UINT>(types.size()), types.data(), places.data(), &answer),
+               "a slot cannot be called");
+        return answer.scode;
+    }
+
+private:
+    static Variant whenMissing(const ELEMDESC& parameter, VARTYPE type) {
+        if (!(parameter.paramdesc.wParamFlags & PARAMFLAG_FOPT)) throw Inexpressible{wrongCount};
+        if (parameter.paramdesc.wParamFlags & PARAMFLAG_FHASDEFAULT)
+            return Variant(VariantView(parameter.paramdesc.pparamdescex->varDefaultValue));
+        Variant value;
+        value.put()->vt = type == VT_VARIANT ? VARTYPE{VT_ERROR} : type;
+        if (type == VT_VARIANT) value.put()->scode = DISP_E_PARAMNOTFOUND;
+        return value;
+    }
+
+    void pass(Variant& value, VARTYPE type, bool byReference) {
+        VARIANT& raw = *value.put();
+        const bool isVariant = type == VT_VARIANT;
+        if (!isVariant) fit(raw, type);
+        VARIANT argument = raw;
+        if (byReference) {
+            argument = {};
+            argument.vt = static_cast<VARTYPE>(VT_BYREF | type);
+            argument.byref = isVariant ? static_cast<void*>(&raw) : &raw.byref;
+        }
+        passed_.push_back(argument);
+        variants_.push_back(isVariant && !byReference);
+    }
 
     // A literal may have the wider or the narrower integer type, where the value fits.
-    const VARIANT& typed(Variant& value, VARTYPE type) {
-        VARIANT& raw = *value.put();
+    static void fit(VARIANT& raw, VARTYPE type) {
         if (raw.vt == VT_I2 && type == VT_I4) {
             raw.lVal = raw.iVal;
             raw.vt = VT_I4;
@@ -173,66 +200,36 @@ private:
         }
         if (raw.vt != type)
             throw Inexpressible{"a compiler refuses the type of an argument, or converts it itself"};
-        return raw;
     }
 
-    std::vector<CaseArgument>& arguments_;
-    std::vector<BSTR> owned_;
-    LONG ownNumber_ = 0;
-    BSTR ownText_ = nullptr;
+    std::vector<Variant> values_;
+    std::vector<VARIANT> passed_;  // views of the case's values and of those above
+    std::vector<bool> variants_;   // which of them are passed as variants
 };
 
-HRESULT callSlot(DualChaine* object, Case& called, VARIANT& result) {
-    TypedArguments given(called);
-    const auto& member = called.member;
-    result.vt = VT_BSTR;
-    result.bstrVal = nullptr;
-    BSTR* const text = &result.bstrVal;
-    if (member == L"CBR" || member == L"CBL") {
-        given.expectAtMost(2);
-        const auto slot = member == L"CBR" ? &DualChaine::CBR : &DualChaine::CBL;
-        return (object->*slot)(given.variant(0), given.number(1), text);
-    }
-    if (member == L"ExtraitChaine") {
-        given.expectAtMost(4);
-        return object->ExtraitChaine(given.text(0), given.number(1), given.text(2, L""),
-                                     given.boolean(3, false), text);
-    }
-    if (member == L"Transfrm") {
-        given.expectAtMost(5);
-        return object->Transfrm(given.text(0), given.text(1), given.text(2), given.number(3, 0),
-                                given.number(4, 0), text);
-    }
-    if (member == L"Occurrence") {
-        given.expectAtMost(4);
-        result.vt = VT_R4;
-        result.fltVal = 0;
-        return object->Occurrence(given.text(0), given.text(1), given.boolean(2, true), given.number(3, 1),
-                                  &result.fltVal);
-    }
-    if (member == L"Zclé") {
-        given.expectAtMost(2);
-        return object->Zclé(given.text(0), given.number(1), text);
-    }
-    if (member == L"NumLet") {
-        given.expectAtMost(2);
-        return object->NumLet(given.text(0), given.number(1, 0), text);
-    }
-    if (member == L"SplitStr") {
-        given.expectAtMost(1);
-        return object->SplitStr(given.variant(0), text);
-    }
-    if (member == L"Parse") {
-        given.expectAtMost(3);
-        return object->Parse(given.text(0), given.numberVariable(1), given.textVariable(2), text);
-    }
-    return DISP_E_UNKNOWNNAME;
-}
-
-std::string callByVtable(DualChaine* object, Case& called) {
-    SetErrorInfo(0, nullptr);
+std::string callByVtable(IDispatch* object, Case& called) {
+    ComPointer<ITypeInfo> type;
+    demand(object->GetTypeInfo(0, LOCALE_USER_DEFAULT, type.put()), "a class is not described");
+    auto name = called.member.data();
+    DISPID id = DISPID_UNKNOWN;
+    if (FAILED(type->GetIDsOfNames(&name, 1, &id))) return "no such member";
+    const Description member(type.get(), id);
+    TypedArguments arguments(called, member);
     Variant result;
-    const auto answer = callSlot(object, called, *result.put());
+    const auto resultType = member.passed(member.function().elemdescFunc.tdesc);
+    if (resultType != VT_VOID) arguments.passResult(resultType, *result.put());
+
+    // The type library tells the dual interface by its identifier.
+    TYPEATTR* attributes = nullptr;
+    demand(type->GetTypeAttr(&attributes), "a class is not described");
+    const IID dualId = attributes->guid;
+    type->ReleaseTypeAttr(attributes);
+    ComPointer<IDispatch> dual;
+    demand(object->QueryInterface(dualId, reinterpret_cast<void**>(dual.put())),
+           "a dual interface is missing");
+
+    SetErrorInfo(0, nullptr);
+    const auto answer = arguments.call(dual.get(), member.function());
     if (SUCCEEDED(answer)) return describeResult(result.raw());
     ComPointer<IErrorInfo> information;
     Bstr description;
@@ -242,49 +239,55 @@ std::string callByVtable(DualChaine* object, Case& called) {
 
 // --- both ---
 
-int run(const char* path, const std::string& language, bool byVtable) {
-    // Answers come whole or not at all: the last one shows how far a failed run came.
-    std::setvbuf(stdout, nullptr, _IONBF, 0);
-    auto cases = readCases(path, language);
-
+// An object of the class; a dual interface's pointer is the one that its vtable is called on.
+ComPointer<IDispatch> make(const std::wstring& className) {
     CLSID classId;
     ComPointer<IDispatch> object;
-    ComPointer<DualChaine> dual;
-    if (FAILED(CLSIDFromProgID(L"Vorla6.VorlaChaine", &classId)) ||
-        FAILED(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
-                                reinterpret_cast<void**>(object.put()))) ||
-        FAILED(object->QueryInterface(dualChaineId, reinterpret_cast<void**>(dual.put())))) {
-        std::fprintf(stderr, "Vorla6.VorlaChaine cannot be created\n");
-        return 1;
-    }
+    demand(CLSIDFromProgID((L"Vorla6." + className).c_str(), &classId), "a class is not registered");
+    demand(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
+                            reinterpret_cast<void**>(object.put())),
+           "an object cannot be made");
+    return object;
+}
 
+void run(std::vector<Case>& cases, bool byVtable) {
+    std::wstring className;
+    ComPointer<IDispatch> object;
     for (Case& called : cases) {
+        if (!object || called.className != className) {
+            className = called.className;
+            object = make(className);
+        }
         std::string answer;
         try {
-            answer = byVtable ? callByVtable(dual.get(), called) : callLateBound(object.get(), called);
+            answer = byVtable ? callByVtable(object.get(), called) : callLateBound(object.get(), called);
             for (const auto& argument : called.arguments)
                 if (argument.byReference) answer += " ref " + describeVariable(argument.value.raw());
         } catch (const Inexpressible& reason) {
             answer = std::string("skip: ") + reason.reason;
         }
-        std::printf("%d %s\n", called.line, answer.c_str());
+        std::printf("%s %s\n", called.name.c_str(), answer.c_str());
     }
-    return 0;
 }
 
 }  // namespace
 }  // namespace vorla::test
 
 int main(int count, char** arguments) {
-    const std::string_view way = count == 4 ? arguments[3] : "";
+    const std::string_view way = count > 3 ? arguments[2] : "";
     if (way != "invoke" && way != "vtable") {
-        std::fprintf(stderr, "usage: client cases.txt fr|en invoke|vtable\n");
+        std::fprintf(stderr, "usage: client fr|en invoke|vtable files...\n");
         return 2;
     }
+    // Answers come whole or not at all: the last one shows how far a failed run came.
+    std::setvbuf(stdout, nullptr, _IONBF, 0);
     if (FAILED(OleInitialize(nullptr))) return 1;
     int result = 1;
     try {
-        result = vorla::test::run(arguments[1], arguments[2], way == "vtable");
+        std::vector<vorla::test::Case> cases;
+        for (int i = 3; i < count; ++i) vorla::test::readCases(arguments[i], arguments[1], cases);
+        vorla::test::run(cases, way == "vtable");
+        result = 0;
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "%s\n", failure.what());
     }

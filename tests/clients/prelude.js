@@ -1,5 +1,5 @@
 // What stands before the calls of the JScript client: each answer is written as
-//     <line of the case> <answer>
+//     <file and line of the case> <answer>
 // with texts quoted, all but printable ASCII as \uXXXX, and runs of more than 9 characters counted.
 
 function repeat(text, count) {
@@ -28,15 +28,18 @@ function quoted(text) {
     return "\"" + written + "\"";
 }
 
-// The language has one type of numbers: a single cannot be told from the others.
-function value(result) {
-    if (typeof result == "string") return quoted(result);
-    if (typeof result == "number") return result + "!";
-    return typeof result + " " + result;
+function variable(held) {
+    switch (typeof held) {
+        case "string": return quoted(held);
+        case "boolean": return held ? "True" : "False";
+        case "undefined": return "Empty";
+        default: return held === null ? "Null" : String(held);
+    }
 }
 
-function variable(held) {
-    return typeof held == "string" ? quoted(held) : String(held);
+// The language has one type of numbers.
+function value(result) {
+    return variable(result) + (typeof result == "number" ? "?" : "");
 }
 
 // The run-time number of a failure. This engine hands on the codes of calls that the automation rules refuse,
@@ -52,11 +55,11 @@ function failure(error) {
     return "error " + (code & 0xFFFF) + (error.description ? "" : " without description");
 }
 
-function skip(line, reason) {
-    WScript.Echo(line + " skip: " + reason);
+function skip(place, reason) {
+    WScript.Echo(place + " skip: " + reason);
 }
 
-function answer(line, call, variables) {
+function answer(place, call, variables) {
     var written;
     try {
         written = value(call(variables));
@@ -64,8 +67,8 @@ function answer(line, call, variables) {
         written = failure(error);
     }
     for (var i = 0; i < variables.length; ++i) written += " ref " + variable(variables[i]);
-    WScript.Echo(line + " " + written);
+    WScript.Echo(place + " " + written);
 }
 
-var o = new ActiveXObject("Vorla6.VorlaChaine");
+var o;
 

@@ -1,5 +1,5 @@
 ' What stands before the calls of the VBScript client: each answer is written as
-'     <line of the case> <answer>
+'     <file and line of the case> <answer>
 ' with texts quoted, all but printable ASCII as \uXXXX, and runs of more than 9 characters counted.
 Option Explicit
 
@@ -64,24 +64,40 @@ Function Number(value)
     Number = Replace(CStr(value), ",", ".")
 End Function
 
-Function Value(result)
-    Select Case TypeName(result)
-        Case "String": Value = Quoted(result)
-        Case "Single": Value = Number(result) & "!"
-        Case Else: Value = TypeName(result) & " " & Number(result)
+' What a variable holds: its value, whatever its type.
+Function Variable(held)
+    Select Case TypeName(held)
+        Case "String": Variable = Quoted(held)
+        Case "Boolean": If held Then Variable = "True" Else Variable = "False"
+        Case "Date": Variable = "D" & Year(held) & "-" & Padded(Month(held)) & "-" & Padded(Day(held))
+        Case "Empty", "Null": Variable = TypeName(held)
+        Case Else: Variable = Number(held)
     End Select
 End Function
 
-Function Variable(value)
-    If TypeName(value) = "String" Then Variable = Quoted(value) Else Variable = Number(value)
+Function Padded(digits)
+    Padded = Right("0" & digits, 2)
 End Function
 
-Sub Skip(line, reason)
-    WScript.Echo line & " skip: " & reason
+' A result has a type as well.
+Function Value(result)
+    Select Case TypeName(result)
+        Case "String", "Boolean", "Date", "Empty", "Null": Value = Variable(result)
+        Case "Integer": Value = Number(result) & "%"
+        Case "Long": Value = Number(result) & "&"
+        Case "Single": Value = Number(result) & "!"
+        Case "Double": Value = Number(result) & "#"
+        Case "Currency": Value = Number(result) & "@"
+        Case Else: Value = TypeName(result)
+    End Select
+End Function
+
+Sub Skip(place, reason)
+    WScript.Echo place & " skip: " & reason
 End Sub
 
 ' Writes the answer of a call that has just run, failed or not, and what its variables hold.
-Sub Answer(line, result, variables)
+Sub Answer(place, result, variables)
     Dim number, written
     number = Err.Number
     If number = 0 Then
@@ -95,10 +111,9 @@ Sub Answer(line, result, variables)
     If variables > 0 Then written = written & " ref " & Variable(v1)
     If variables > 1 Then written = written & " ref " & Variable(v2)
     If variables > 2 Then written = written & " ref " & Variable(v3)
-    WScript.Echo line & " " & written
+    WScript.Echo place & " " & written
 End Sub
 
 Dim o, r, v1, v2, v3
 On Error Resume Next
-Set o = CreateObject("Vorla6.VorlaChaine")
 

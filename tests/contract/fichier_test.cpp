@@ -658,13 +658,11 @@ TEST_F(Fichier, nothingIsLeftBehind) {
                 useAll(path);
     };
     cycles(10);
-    DWORD before = 0, after = 0;
-    GetProcessHandleCount(GetCurrentProcess(), &before);
+    const auto before = Resources::held();
     const MemoryCount count;
     cycles(250);
     EXPECT_EQ(0, count.live());
-    GetProcessHandleCount(GetCurrentProcess(), &after);
-    EXPECT_EQ(before, after);
+    EXPECT_EQ(before, Resources::held());
 }
 
 }  // namespace

@@ -58,9 +58,9 @@ TEST(Module, exportsTheFourEntryPoints) {
 
 TEST(Module, importsOnlyFromWindows) {
     const Component component;
-    const std::set<std::string> windows{"advapi32.dll", "gdi32.dll",    "kernel32.dll", "msvcrt.dll",
-                                        "ole32.dll",    "oleaut32.dll", "shell32.dll",  "shlwapi.dll",
-                                        "user32.dll",   "winmm.dll"};
+    const std::set<std::string> windows{"advapi32.dll", "gdi32.dll",  "kernel32.dll", "mpr.dll",
+                                        "msvcrt.dll",   "ole32.dll",  "oleaut32.dll", "shell32.dll",
+                                        "shlwapi.dll",  "user32.dll", "winmm.dll"};
     for (const auto& name : Image(component.module()).imports()) EXPECT_TRUE(windows.contains(name)) << name;
 }
 

@@ -19,6 +19,9 @@ TEST(Ansi, textCrossesByTheCodePage) {
     EXPECT_EQ(L"", fromAnsi(""));
     EXPECT_EQ(L"é€œ", fromAnsi("\xE9\x80\x9C"));
     EXPECT_EQ(Text(L"a\0b", 3), fromAnsi({"a\0b", 3}));
+    EXPECT_EQ(L"a", fromAnsiBuffer({"a\0b", 3}));
+    EXPECT_EQ(L"é€", fromAnsiBuffer("\xE9\x80"));
+    EXPECT_EQ(L"", fromAnsiBuffer({"\0b", 2}));
     EXPECT_EQ(L"", bstrFromAnsi("").view());
     EXPECT_EQ(TextView(L"é\0b", 3), bstrFromAnsi({"\xE9\0b", 3}).view());
     // Every byte comes back.

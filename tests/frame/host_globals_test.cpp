@@ -8,6 +8,7 @@
 #include "frame/host/bound_object.h"
 #include "support/automation.h"
 #include "support/import_patch.h"
+#include "support/resource_count.h"
 
 namespace vorla::test {
 namespace {
@@ -39,9 +40,9 @@ TEST(Screen, aScreenThatDoesNotTellCountsAs96DotsPerInch) {
 
 TEST(Screen, leavesNoDeviceContextBehind) {
     screen::twipsPerPixelX();
-    const auto before = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+    const auto before = Resources::held();
     for (int i = 0; i < 1000; ++i) screen::twipsPerPixelY();
-    EXPECT_EQ(before, GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS));
+    EXPECT_EQ(before, Resources::held());
 }
 
 // The host's program, as the test says.

@@ -34,19 +34,36 @@ TEST(BoundObject, readsAndWritesByName) {
     EXPECT_EQ(0, control.references());
 }
 
-TEST(BoundObject, aLongListCostsOneCallForEachLine) {
+TEST(BoundObject, aLongListCostsOneCallForEachItemAndProperty) {
+    constexpr std::int32_t lineCount = 10'000;
     ScriptedObject list;
-    std::vector<Variant> lines;
-    for (std::int32_t i = 0; i < 10'000; ++i) lines.push_back(Variant(i));
-    list.indexed(L"List", std::move(lines));
+    std::vector<Variant> lines, data;
+    for (std::int32_t i = 0; i < lineCount; ++i) {
+        lines.push_back(text(std::to_wstring(i)));
+        data.push_back(Variant(i));
+    }
+    list.readOnly(L"ListCount", lineCount)
+        .indexed(L"List", std::move(lines))
+        .indexed(L"ItemData", std::move(data));
     BoundObject bound{HostObject(&list)};
     std::int64_t sum = 0;
-    for (std::int32_t i = 0; i < 10'000; ++i) sum += bound.getAs<std::int32_t>(L"List", i);
-    // 0 + 1 + … + 9999
+    std::size_t digits = 0;
+    const auto count = bound.getAs<std::int32_t>(L"ListCount");
+    for (std::int32_t i = 0; i < count; ++i) {
+        sum += bound.getAs<std::int32_t>(L"ItemData", i);
+        digits += bound.getAs<Text>(L"List", i).size();
+    }
+    // 0 + 1 + … + 9999, and 10, 90, 900 and 9,000 numbers of one to four digits.
     EXPECT_EQ(49'995'000, sum);
-    EXPECT_EQ(1u, list.logged(L"lookup"));
-    EXPECT_EQ(10'000u, list.logged(L"get List"));
-    EXPECT_EQ(10'001u, list.log().size());
+    EXPECT_EQ(38'890u, digits);
+    // Each name is looked up once, before its first read; the loop itself is reads and nothing else.
+    EXPECT_EQ((Log{L"lookup ListCount", L"get ListCount", L"lookup ItemData", L"get ItemData", L"lookup List",
+                   L"get List"}),
+              Log(list.log().begin(), list.log().begin() + 6));
+    EXPECT_EQ(3u, list.logged(L"lookup"));
+    EXPECT_EQ(10'000u, list.logged(L"get List") - list.logged(L"get ListCount"));
+    EXPECT_EQ(10'000u, list.logged(L"get ItemData"));
+    EXPECT_EQ(20'004u, list.log().size());
 }
 
 TEST(BoundObject, indexedPropertiesTakeTheirIndicesFirst) {
@@ -290,6 +307,69 @@ TEST(HostItems, walkEveryKindOfCollection) {
         ScriptedObject empty;
         empty.items({}, row.walk);
         EXPECT_EQ("", walked(empty));
+    }
+}
+
+TEST(HostItems, walkWhatIsNumberedFromOne) {
+    struct Row {
+        Walk walk;
+        Log calls;  // behind the question for an enumerator, the count and the names
+    };
+    const Row rows[] = {
+        // Item 0 fails, the last one is there, then all in order.
+        {Walk::byCountAndItem, {L"get Item", L"get Item", L"get Item", L"get Item", L"get Item"}},
+        {Walk::byCountAndDefault,
+         {L"get (default)", L"get (default)", L"get (default)", L"get (default)", L"get (default)"}},
+    };
+    for (const Row& row : rows) {
+        ScriptedObject collection;
+        collection.items({text(L"un"), std::int16_t{2}, text(L"trois")}, row.walk).numberedFrom(1);
+        EXPECT_EQ("vt 8 \"un\"; vt 2 2; vt 8 \"trois\"; ", walked(collection));
+        const Log& log = collection.log();
+        EXPECT_EQ(row.calls, Log(log.begin() + 4, log.end()));
+        EXPECT_EQ(0, collection.references());
+        ScriptedObject one, empty;
+        one.items({text(L"seul")}, row.walk).numberedFrom(1);
+        EXPECT_EQ("vt 8 \"seul\"; ", walked(one));
+        empty.items({}, row.walk).numberedFrom(1);
+        EXPECT_EQ("", walked(empty));
+        EXPECT_EQ(4u, empty.log().size());
+        // Numbered from anywhere else it cannot be walked.
+        ScriptedObject strange;
+        strange.items({text(L"un"), text(L"deux")}, row.walk).numberedFrom(2);
+        EXPECT_EQ(381, errorOf([&] { walked(strange); }));
+    }
+}
+
+TEST(HostItems, numberedFromOneWithEveryCallFailingInTurn) {
+    // The enumerator, the count, item 0, the last one, item 1, item 2.
+    int failing = 1;
+    for (;; ++failing) {
+        ScriptedObject collection;
+        collection.items({std::int16_t{1}, std::int16_t{2}}, Walk::byCountAndItem).numberedFrom(1);
+        collection.failCall(failing, static_cast<HRESULT>(0x800A0009));
+        std::string items;
+        const auto error = errorOf([&] { items = walked(collection); });
+        EXPECT_EQ(0, collection.references());
+        // Item 0 fails anyhow. Where the last one fails too, its own error is the answer.
+        const bool harmless = failing == 3 || failing > 6;
+        EXPECT_EQ(harmless ? 0 : failing == 4 ? 381 : 9, error) << failing;
+        EXPECT_EQ(harmless ? "vt 2 1; vt 2 2; " : "", items) << failing;
+        if (failing > 6) break;
+    }
+}
+
+// The first item of what is numbered from 0 fails for another reason: the second is not taken for the first.
+TEST(HostItems, aFailureOfItemZeroIsNotHidden) {
+    for (const int count : {1, 2, 3}) {
+        ScriptedObject collection;
+        collection.items(std::vector<Variant>(static_cast<std::size_t>(count), Variant(true)),
+                         Walk::byCountAndItem);
+        collection.failCall(3, static_cast<HRESULT>(0x800A0007));
+        HostItems items{HostObject(&collection)};
+        Variant item;
+        EXPECT_EQ(7, errorOf([&] { items.next(item); })) << count;
+        EXPECT_EQ(VT_EMPTY, item.raw().vt);
     }
 }
 

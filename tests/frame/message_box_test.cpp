@@ -15,7 +15,7 @@ TEST(MessageBox, showsItsTextWithOneButtonUnderTheHostsTitle) {
     messageBox(L"Clé erronée : 42 €");
     ASSERT_EQ(1u, watcher.seen().size());
     EXPECT_EQ(Texts{L"Clé erronée : 42 €"}, watcher.seen()[0].texts);
-    EXPECT_EQ(1u, watcher.seen()[0].buttons.size());
+    EXPECT_EQ(Texts{L"OK"}, watcher.seen()[0].buttons);
     // A host without a title of its own goes by its program's name.
     EXPECT_EQ(L"frame_tests", watcher.seen()[0].title);
 }
@@ -27,6 +27,15 @@ TEST(MessageBox, oneWatcherAnswersSeveral) {
     ASSERT_EQ(2u, watcher.seen().size());
     EXPECT_EQ(Texts{L"première"}, watcher.seen()[0].texts);
     EXPECT_EQ(Texts{L"seconde"}, watcher.seen()[1].texts);
+}
+
+TEST(MessageBox, warnsUnderATitleOfItsOwn) {
+    const DialogWatcher watcher;
+    warningBox(L"Accès refusé", L"Erreur");
+    ASSERT_EQ(1u, watcher.seen().size());
+    EXPECT_EQ(Texts{L"Accès refusé"}, watcher.seen()[0].texts);
+    EXPECT_EQ(1u, watcher.seen()[0].buttons.size());
+    EXPECT_EQ(L"Erreur", watcher.seen()[0].title);
 }
 
 TEST(DialogWatcher, pressesTheButtonItWasToldTo) {

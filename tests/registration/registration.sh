@@ -27,6 +27,13 @@ verdict() {
     fi
 }
 
+# What must go well for the next verdict to mean anything.
+first_of_all() {
+    "$@" && return
+    echo "FAILED  with $?: $*"
+    exit 1
+}
+
 windows_path() { echo "Z:${1//\//\\}"; }
 regsvr32=regsvr32
 other_regsvr32='C:\windows\syswow64\regsvr32.exe'
@@ -69,18 +76,18 @@ verdict "and changes nothing" same_registry twice
 
 if [ -n "$other" ]; then
     for first in this other; do
-        on_wine $regsvr32 /s "$(windows_path "$dll")"
-        on_wine "$other_regsvr32" /s "$(windows_path "$other")"
+        first_of_all on_wine $regsvr32 /s "$(windows_path "$dll")"
+        first_of_all on_wine "$other_regsvr32" /s "$(windows_path "$other")"
         if [ "$first" = this ]; then
-            on_wine $regsvr32 /s /u "$(windows_path "$dll")"
+            first_of_all on_wine $regsvr32 /s /u "$(windows_path "$dll")"
             snapshot half
             verdict "unregistering x64 leaves the x86 server" registry_has '^@="Z:.*x86.*Vorla6\.dll"$' half
             verdict "and the type library for it" registry_has '57AB0001-.*\\win32\]' half
-            on_wine "$other_regsvr32" /s /u "$(windows_path "$other")"
+            first_of_all on_wine "$other_regsvr32" /s /u "$(windows_path "$other")"
         else
-            on_wine "$other_regsvr32" /s /u "$(windows_path "$other")"
+            first_of_all on_wine "$other_regsvr32" /s /u "$(windows_path "$other")"
             verdict "unregistering x86 leaves x64 in working order" all_classes_answer
-            on_wine $regsvr32 /s /u "$(windows_path "$dll")"
+            first_of_all on_wine $regsvr32 /s /u "$(windows_path "$dll")"
         fi
         snapshot both
         verdict "after both, the registry is as it was ($first first)" same_registry both

@@ -1,16 +1,20 @@
 // Each rule against its naive twin, for arguments made of arbitrary bytes.
 #pragma once
 
+#include <cwchar>
 #include <iterator>
 #include <string>
 
 #include "arguments.h"
 #include "frame/declarations/fields.h"
 #include "frame/declarations/paths.h"
+#include "frame/declarations/version_name.h"
+#include "frame/values/leading_number.h"
 #include "language/language_format.h"
 #include "language/message_text.h"
 #include "naive.h"
 #include "outcome.h"
+#include "system/file_types.h"
 #include "text/amounts.h"
 #include "text/bank_key.h"
 #include "text/date_order.h"
@@ -238,6 +242,54 @@ inline Comparison dateOrder(Arguments& arguments) {
     return compared(call("yearFirst", parts, separator),
                     outcomeOf([&] { return yearFirst(parts, separator); }),
                     outcomeOf([&] { return naive::yearFirst(parts, separator); }));
+}
+
+// Versions around those of the table, the field as the system fills it or cut short.
+inline Comparison versions(Arguments& arguments) {
+    constexpr std::uint32_t majors[] = {3, 4, 4, 4, 5, 6, 10}, minors[] = {0, 1, 2, 10, 51, 90, 11};
+    VersionFacts facts;
+    facts.major = majors[arguments.byte() % std::size(majors)];
+    facts.minor = minors[arguments.byte() % std::size(minors)];
+    facts.platform = arguments.byte() % 4;
+    Text servicePack = arguments.text(TextView(L" ABCa\t\0", 7), 5);
+    if (arguments.flag()) servicePack.resize(128);
+    facts.servicePack = servicePack;
+    return compared(
+        call("versionName", facts.major, facts.minor, facts.platform, servicePack), outcomeOf([&] {
+            const auto found = versionName(facts);
+            return std::to_wstring(static_cast<int>(found.version)) + L" " + Text(found.name);
+        }),
+        outcomeOf([&] { return naive::versionName(facts.major, facts.minor, facts.platform, servicePack); }));
+}
+
+// Now and then with so many digits that only an exponent brings the number back into the range, or out of it.
+inline Comparison leadingNumbers(Arguments& arguments) {
+    const TextView alphabet = L"0159+-.eEdD \t\nx,";
+    Text text = arguments.text(alphabet, 7);
+    if (const auto many = arguments.byte(); many >= 0xE0)
+        text += Text(300 + many % 32u, arguments.flag() ? L'0' : L'9');
+    text += arguments.text(alphabet, 15);
+    const auto digits = [](double number) {
+        wchar_t written[40];
+        // A zero has no sign that hosts could see.
+        std::swprintf(written, std::size(written), L"%.17g", number + 0.0);
+        return Text(written);
+    };
+    return compared(call("leadingNumber", text), outcomeOf([&] { return digits(leadingNumber(text)); }),
+                    outcomeOf([&] { return digits(naive::leadingNumber(text)); }));
+}
+
+// Extensions of the lists, some with a character changed, cut off or added.
+inline Comparison fileTypes(Arguments& arguments) {
+    constexpr TextView known[] = {L"avi", L"mpeg", L"mp3",  L"wav",  L"gzip", L"zlib", L"zip", L"rgba",
+                                  L"rgb", L"bw",   L"jpeg", L"tiff", L"tif",  L"ico",  L"cda", L""};
+    Text extension(known[arguments.byte() % std::size(known)]);
+    const Text changed = arguments.text(TextView(L"agimpvz3 A\0", 11), 2);
+    const auto place = arguments.byte() % (extension.size() + 1);
+    extension.replace(place, arguments.byte() % 2u, changed);
+    return compared(call("typeOfExtension", extension),
+                    outcomeOf([&] { return std::to_wstring(static_cast<int>(typeOfExtension(extension))); }),
+                    outcomeOf([&] { return std::to_wstring(naive::typeOfExtension(extension)); }));
 }
 
 }  // namespace compare

@@ -56,6 +56,16 @@ TEST(LeadingNumber, IsTheLongestNumericPrefix) {
         {L"-1E400", -infinity},
         {L"1E-400", 0},
         {Text(400, L'9'), infinity},
+        // Whatever the exponent says, all digits together decide which way a number leaves the range.
+        {Text(400, L'9') + L"E-5", infinity},
+        {Text(400, L'9') + L"E-", infinity},
+        {L"-" + Text(400, L'9') + L"E-5", -infinity},
+        {Text(400, L'9') + L"E-800", 0},
+        {L"." + Text(400, L'0') + L"1", 0},
+        {L"." + Text(400, L'0') + L"1E+5", 0},
+        {L"." + Text(400, L'0') + L"1E800", infinity},
+        {L"1E99999999999999999999", infinity},
+        {L"1E-99999999999999999999", 0},
         {L"0x1F", 0},
     };
     for (const auto& row : rows) EXPECT_EQ(leadingNumber(row.text), row.expected) << shown(row.text);

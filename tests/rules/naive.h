@@ -3,6 +3,7 @@
 // rules but the numbers of the errors: what the rules do in one pass is held against this.
 #pragma once
 
+#include <cstdlib>
 #include <string>
 
 #include "frame/values/runtime_error.h"
@@ -313,6 +314,80 @@ inline String dayFirst(const String& w, const String& separator) {
 
 inline String yearFirst(const String& w, const String& separator) {
     return right(w, length(w) - 4) + separator + middle(w, 3, 2) + separator + left(w, 2);
+}
+
+// The code and the name of a version, the rows of the table in order, the last one that fits.
+inline String versionName(long major, long minor, long platform, const String& servicePack) {
+    String found = L"0 ";
+    const auto row = [&](long ofMajor, long ofMinor, bool further, const String& name) {
+        if (major == ofMajor && minor == ofMinor && further) found = name;
+    };
+    row(3, 51, true, L"1 NT 3.51");
+    row(4, 0, platform == 2, L"7 NT 4");
+    row(4, 0, platform == 1, L"2 95");
+    row(4, 0, platform == 1 && servicePack == L"C", L"3 95 OSR2");
+    row(4, 10, true, L"4 98");
+    row(4, 10, left(trim(servicePack), 1) == L"A", L"5 98 Second Edition");
+    row(4, 90, true, L"6 Millenium");
+    row(5, 0, true, L"8 2000");
+    row(5, 1, true, L"9 XP");
+    row(5, 2, true, L"10 Server 2003");
+    row(6, 0, true, L"11 Windows Vista");
+    return found;
+}
+
+inline long digitsFrom(const String& text, long begin) {
+    long end = begin;
+    while (firstPlace(L"0123456789", middle(text, end, 1), 1) != 0 && end <= length(text)) ++end;
+    return end - begin;
+}
+
+// Whether all of the text is one number: a sign, digits with a point, an exponent.
+inline bool isNumber(const String& text) {
+    const auto isOneOf = [&](const String& characters, long place) {
+        return place <= length(text) && firstPlace(characters, middle(text, place, 1), 1) != 0;
+    };
+    long place = isOneOf(L"+-", 1) ? 2 : 1;
+    long digits = digitsFrom(text, place);
+    place += digits;
+    if (isOneOf(L".", place)) {
+        const long decimals = digitsFrom(text, ++place);
+        digits += decimals;
+        place += decimals;
+    }
+    if (digits == 0) return false;
+    if (isOneOf(L"eEdD", place)) {
+        if (isOneOf(L"+-", ++place)) ++place;
+        const long exponent = digitsFrom(text, place);
+        if (exponent == 0) return false;
+        place += exponent;
+    }
+    return place == length(text) + 1;
+}
+
+// Every prefix is tried, the longest first; the C library reads the one that is a number.
+inline double leadingNumber(const String& text) {
+    String characters;
+    for (const wchar_t c : text)
+        if (c != L' ' && c != L'\t' && c != L'\n') characters += c;
+    long longest = length(characters);
+    while (longest > 0 && !isNumber(left(characters, longest))) --longest;
+    std::string number;
+    for (const wchar_t c : left(characters, longest))
+        number += c == L'd' || c == L'D' ? 'e' : static_cast<char>(c);
+    return std::strtod(number.c_str(), nullptr);
+}
+
+// The first list that holds the extension between its blanks, by its number.
+inline long typeOfExtension(const String& extension) {
+    if (firstPlace(extension, L" ", 1) != 0) return 5;
+    const String lists[] = {
+        L"2 avi mpg mpeg wmv mov ", L"1 wav mp3 ",
+        L"3 zip arj ace arc arj cab dwc gzip jar lbr lzh mar mhk rar sqz tar war zlib zoo xcr ",
+        L"0 iff bmp jpg jpeg gif pcx pgm pct pict png psd rle sgi rgb bw rgba tga tif tiff wmf emf ico "};
+    for (const String& list : lists)
+        if (!extension.empty() && firstPlace(list, L" " + extension + L" ", 1) != 0) return list[0] - L'0';
+    return 5;
 }
 
 }  // namespace vorla::naive

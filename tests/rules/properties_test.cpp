@@ -41,6 +41,9 @@ TEST(Properties, KeysOfControlsFollowTheirSteps) { expectAgreement(compare::cont
 TEST(Properties, MessagesFollowTheirSteps) { expectAgreement(compare::messages, {0}); }
 TEST(Properties, AmountsFollowTheirSteps) { expectAgreement(compare::amounts, {0}); }
 TEST(Properties, TheBankKeyFollowsItsSteps) { expectAgreement(compare::bankKey, {0}); }
+TEST(Properties, VersionsFollowTheirTable) { expectAgreement(compare::versions, {0}); }
+TEST(Properties, LeadingNumbersFollowTheirSteps) { expectAgreement(compare::leadingNumbers, {0}); }
+TEST(Properties, FileTypesFollowTheirLists) { expectAgreement(compare::fileTypes, {0}); }
 TEST(Properties, DatesFollowTheirSteps) { expectAgreement(compare::dateOrder, {0, 5}); }
 
 }  // namespace

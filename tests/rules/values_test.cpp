@@ -28,6 +28,18 @@ TEST(EndOnError, GivesTheNeutralValueForAnyFailure) {
     EXPECT_EQ(fails(L"neither an error nor an exception"), -1);
 }
 
+TEST(EndOnError, EndsWorkWithoutAResult) {
+    int done = 0;
+    endOnError([&] { ++done; });
+    EXPECT_EQ(done, 1);
+    endOnError([&] {
+        ++done;
+        if (done == 2) throw RuntimeError(ErrorNumber::objectNotSet);
+        ++done;
+    });
+    EXPECT_EQ(done, 2);
+}
+
 TEST(EndOnError, KeepsWhatWasDoneBeforeTheFailure) {
     Text done;
     const Text result = endOnError(Text(L"neutral"), [&]() -> Text {

@@ -35,7 +35,8 @@ private:
 /// The calls of all intercepted functions, in order: `GetFileAttributesA("c:\\x")`.
 using CallLog = std::vector<std::string>;
 
-/// How an argument is written in the log: numbers, texts in quotes, other pointers as "null" or "set".
+/// How an argument is written in the log: numbers, texts in quotes, other pointers as "null" or "set", what
+/// else there is as "set".
 template <class Argument>
 std::string logged(Argument argument);
 std::string loggedText(const char* text);
@@ -116,8 +117,10 @@ std::string logged(Argument argument) {
         return loggedText(argument);
     } else if constexpr (std::is_pointer_v<Argument>) {
         return argument ? "set" : "null";
-    } else {
+    } else if constexpr (std::is_arithmetic_v<Argument>) {
         return std::to_string(argument);
+    } else {
+        return "set";
     }
 }
 

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/resource_count.h"
+
 namespace vorla::test {
 
 /// live() is the number of blocks allocated since this was made and not yet freed. The BSTR cache of
@@ -21,16 +23,18 @@ private:
     long start_;
 };
 
-/// Expects ten thousand uses to leave nothing allocated. The first one, uncounted, fills what is kept on
-/// purpose.
+/// Expects ten thousand uses to leave nothing allocated and nothing open. The first one, uncounted, fills
+/// what is kept on purpose.
 template <class Use>
 void expectNothingLeft(Use&& useOnce) {
     useOnce();
     SetErrorInfo(0, nullptr);
+    const auto before = Resources::held();
     const MemoryCount count;
     for (int i = 0; i < 10'000; ++i) useOnce();
     SetErrorInfo(0, nullptr);
     EXPECT_EQ(0, count.live());
+    EXPECT_EQ(before, Resources::held());
 }
 
 }  // namespace vorla::test

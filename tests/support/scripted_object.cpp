@@ -68,6 +68,11 @@ ScriptedObject& ScriptedObject::items(std::vector<Variant> values, Walk walk) {
     return walk == Walk::byCountAndItem ? *this : defaultMember(name);
 }
 
+ScriptedObject& ScriptedObject::numberedFrom(std::int32_t first) {
+    members_.back().firstIndex = first;
+    return *this;
+}
+
 ScriptedObject& ScriptedObject::className(const wchar_t* name) {
     class_ = typeNamed(name, TKIND_COCLASS);
     return *this;
@@ -90,6 +95,11 @@ ScriptedObject& ScriptedObject::failCallWithNumber(int number, WORD errorNumber)
 
 ScriptedObject& ScriptedObject::failCallDeferred(int number, WORD errorNumber) {
     record_.fail(number, {DISP_E_EXCEPTION, errorNumber, true});
+    return *this;
+}
+
+ScriptedObject& ScriptedObject::failLookup(int number, HRESULT code) {
+    record_.failLookup(number, code);
     return *this;
 }
 
@@ -132,7 +142,9 @@ HRESULT ScriptedObject::GetTypeInfo(UINT index, LCID, ITypeInfo** type) {
 
 HRESULT ScriptedObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
     if (count != 1) return E_INVALIDARG;
-    record_.note(L"lookup " + std::wstring(names[0]));
+    ids[0] = DISPID_UNKNOWN;
+    if (const auto failed = record_.noteLookup(L"lookup " + std::wstring(names[0])); FAILED(failed))
+        return failed;
     const auto* const member = names[0][0] == L'(' ? nullptr : find(names[0]);
     ids[0] = member ? firstId + static_cast<DISPID>(member - members_.data()) : DISPID_UNKNOWN;
     return member ? S_OK : DISP_E_UNKNOWNNAME;
@@ -155,7 +167,7 @@ HRESULT ScriptedObject::answer(Member& member, const Call& call, Variant& result
         Variant number;
         if (FAILED(VariantChangeType(number.put(), const_cast<VARIANT*>(&call.argument(0).raw()), 0, VT_I4)))
             return DISP_E_TYPEMISMATCH;
-        index = static_cast<std::size_t>(number.raw().lVal);
+        index = static_cast<std::size_t>(number.raw().lVal - member.firstIndex);
         if (index >= member.values.size()) return static_cast<HRESULT>(0x800A0000u + invalidIndex);
     }
     if (!values) {

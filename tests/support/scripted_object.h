@@ -46,6 +46,8 @@ public:
     /// This name's member is the default one too.
     ScriptedObject& defaultMember(const wchar_t* name);
     ScriptedObject& items(std::vector<Variant> values, Walk walk);
+    /// The items just given, or the indexed property, are numbered from here instead of from 0.
+    ScriptedObject& numberedFrom(std::int32_t first);
 
     /// The name of the class, told through IProvideClassInfo, or of the interface, through GetTypeInfo.
     ScriptedObject& className(const wchar_t* name);
@@ -58,6 +60,8 @@ public:
     ScriptedObject& failCallWithNumber(int number, WORD errorNumber);
     /// The same, but the exception is filled in only when the caller asks for it.
     ScriptedObject& failCallDeferred(int number, WORD errorNumber);
+    /// The `number`-th lookup of a name from now fails with this code, whether or not the name is known.
+    ScriptedObject& failLookup(int number, HRESULT code);
 
     /// What a property holds.
     Variant& value(const wchar_t* name);
@@ -102,6 +106,7 @@ private:
         Method body;                  // of a method
         bool writable = true;
         bool indexed = false;
+        std::int32_t firstIndex = 0;
     };
 
     Member& add(const wchar_t* name);

@@ -5,8 +5,8 @@
 #include "frame/com/dispatch.h"
 #include "frame/com/error_texts.h"
 #include "frame/com/module.h"
+#include "frame/host/error_object.h"
 #include "frame/values/runtime_error.h"
-#include "frame/values/unique_handle.h"
 
 namespace vorla {
 namespace {
@@ -19,22 +19,13 @@ HRESULT withoutDescription(HRESULT failure) noexcept {
 
 HRESULT describe(const Publication& publication, ErrorNumber number) noexcept {
     const auto failure = static_cast<HRESULT>(0x800A0000u | static_cast<std::uint16_t>(number));
-    ComPointer<ICreateErrorInfo> made;
-    if (FAILED(CreateErrorInfo(made.put()))) return withoutDescription(failure);
     try {
-        auto source = Text(publication.library.name) + L"." + publication.name;
-        Text text = errorText(number);
-        made->SetGUID(publication.interfaceId());
-        made->SetSource(source.data());
-        made->SetDescription(text.data());
+        const auto source = Text(publication.library.name) + L"." + publication.name;
+        if (storeError(publication.interfaceId(), source, errorText(number))) return failure;
     } catch (const std::bad_alloc&) {
-        return withoutDescription(failure);
+        // The code has to do.
     }
-    ComPointer<IErrorInfo> information;
-    if (FAILED(made->QueryInterface(IID_IErrorInfo, reinterpret_cast<void**>(information.put()))))
-        return withoutDescription(failure);
-    SetErrorInfo(0, information.get());
-    return failure;
+    return withoutDescription(failure);
 }
 
 }  // namespace

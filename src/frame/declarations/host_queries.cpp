@@ -2,6 +2,7 @@
 
 #include "frame/host/bound_object.h"
 #include "frame/host/host_items.h"
+#include "frame/host/member_names.h"
 #include "frame/values/failure.h"
 #include "frame/values/invocation.h"
 
@@ -24,10 +25,8 @@ bool ProprieteExiste(const HostObject& Objet, TextView Propriete, std::int16_t T
         // Hosts publish their names in English, whatever language the user speaks.
         constexpr LCID english = 1033;
         if (!Objet) return false;
-        Text name(Propriete);
-        auto asked = name.data();
         DISPID id = DISPID_UNKNOWN;
-        check(Objet.get()->GetIDsOfNames(IID_NULL, &asked, 1, english, &id));
+        check(findMember(Objet.get(), Text(Propriete).c_str(), english, id));
         invoked(Objet.get(), id, static_cast<WORD>(TypeAppel), {}, english);
         return true;
     });

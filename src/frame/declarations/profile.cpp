@@ -17,6 +17,13 @@ std::string oemFromAnsi(std::string bytes) {
 // The name of a section or key as it stands in the file.
 std::string nameInFile(TextView name, bool oem) { return oem ? oemFromAnsi(toAnsi(name)) : toAnsi(name); }
 
+// The file as the system gets it. For a path that is too long some systems open the file of an earlier call,
+// so they get one that no file can have.
+std::string fileFor(TextView path) {
+    auto bytes = toAnsi(path);
+    return bytes.size() < MAX_PATH ? bytes : "?:\\";
+}
+
 }  // namespace
 
 Text OemVersAnsi(TextView Texte) {
@@ -31,7 +38,7 @@ Text IniLecture(TextView Fichier, TextView Section, TextView Cle, TextView Defau
     char buffer[1026];
     const auto length =
         GetPrivateProfileStringA(nameInFile(Section, Oem).c_str(), nameInFile(Cle, Oem).c_str(),
-                                 toAnsi(Defaut).c_str(), buffer, std::size(buffer), toAnsi(Fichier).c_str());
+                                 toAnsi(Defaut).c_str(), buffer, std::size(buffer), fileFor(Fichier).c_str());
     if (length == 0) return {};
     const auto read = fromAnsi({buffer, length});
     const auto value = trimmed(read);
@@ -39,7 +46,7 @@ Text IniLecture(TextView Fichier, TextView Section, TextView Cle, TextView Defau
 }
 
 std::int32_t IniEcriture(TextView Fichier, TextView Section, TextView Cle, TextView Valeur, bool Oem) {
-    const auto file = toAnsi(Fichier), section = nameInFile(Section, Oem), key = nameInFile(Cle, Oem),
+    const auto file = fileFor(Fichier), section = nameInFile(Section, Oem), key = nameInFile(Cle, Oem),
                value = toAnsi(Valeur);
     // A key that looks like a comment is never written.
     const bool deletes = value.empty() || key.starts_with(';');

@@ -29,7 +29,7 @@ Text InfoLocale(std::int32_t Element) {
     char buffer[50] = "";
     if (GetLocaleInfoA(LOCALE_USER_DEFAULT, static_cast<LCTYPE>(Element), buffer, std::size(buffer)) == 0)
         return {};
-    return fromAnsi({buffer, strnlen(buffer, std::size(buffer))});
+    return fromAnsiBuffer({buffer, std::size(buffer)});
 }
 
 eDriveType TypeLecteur(TextView Chemin) {

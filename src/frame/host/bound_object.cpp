@@ -1,5 +1,6 @@
 #include "frame/host/bound_object.h"
 
+#include "frame/host/member_names.h"
 #include "frame/values/failure.h"
 #include "frame/values/invocation.h"
 #include "frame/values/unique_handle.h"
@@ -31,16 +32,26 @@ HostObject objectIn(VariantView value) {
     return HostObject(dispatch.get());
 }
 
+namespace {
+
+// Names are short, and compared for every read: without a call.
+bool isName(const Text& known, const wchar_t* name) {
+    for (const wchar_t character : known)
+        if (character != *name++) return false;
+    return *name == L'\0';
+}
+
+}  // namespace
+
 HRESULT BoundObject::find(const wchar_t* name, DISPID& found) {
     if (!object_) throw RuntimeError(ErrorNumber::objectNotSet);
     for (const Name& known : names_) {
-        if (known.name == name) {
+        if (isName(known.name, name)) {
             found = known.id;
             return S_OK;
         }
     }
-    auto asked = const_cast<LPOLESTR>(name);
-    const auto answer = object_.get()->GetIDsOfNames(IID_NULL, &asked, 1, LOCALE_USER_DEFAULT, &found);
+    const auto answer = findMember(object_.get(), name, LOCALE_USER_DEFAULT, found);
     if (SUCCEEDED(answer)) names_.push_back({name, found});
     return answer;
 }
@@ -63,21 +74,10 @@ DISPID BoundObject::id(const wchar_t* name) {
     return found;
 }
 
-Variant BoundObject::invoke(DISPID member, WORD kind, std::span<const Variant> arguments) const {
-    // Few members take more than these; the rest pay for an allocation.
-    constexpr std::size_t few = 8;
-    std::array<VARIANT, few> fewReversed;
-    std::vector<VARIANT> manyReversed;
-    VARIANT* reversed = fewReversed.data();
-    if (arguments.size() > few) {
-        manyReversed.resize(arguments.size());
-        reversed = manyReversed.data();
-    }
-    auto last = reversed + arguments.size();
-    for (const Variant& argument : arguments) *--last = argument.raw();
-
-    DISPPARAMS parameters{reversed, nullptr, static_cast<UINT>(arguments.size()), 0};
+Variant BoundObject::invoke(DISPID member, WORD kind, std::span<Variant> reversed) const {
     DISPID value = DISPID_PROPERTYPUT;
+    DISPPARAMS parameters{reversed.empty() ? nullptr : reversed.data()->put(), nullptr,
+                          static_cast<UINT>(reversed.size()), 0};
     if (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) {
         parameters.rgdispidNamedArgs = &value;
         parameters.cNamedArgs = 1;

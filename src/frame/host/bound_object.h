@@ -6,7 +6,9 @@
 #include <array>
 #include <concepts>
 #include <span>
+#include <tuple>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "frame/host/host_reference.h"
@@ -139,8 +141,15 @@ private:
 
     template <class... Arguments>
     Variant run(DISPID member, WORD kind, const Arguments&... arguments) {
-        std::array<Variant, sizeof...(Arguments)> values{hostArgument(arguments)...};
-        return invoke(member, kind, values);
+        return runReversed(member, kind, std::tie(arguments...), std::index_sequence_for<Arguments...>());
+    }
+    // Each argument is made where the host reads it: in a long loop a copy more would show.
+    template <class... Arguments, std::size_t... i>
+    Variant runReversed(DISPID member, WORD kind, const std::tuple<Arguments...>& arguments,
+                        std::index_sequence<i...>) {
+        std::array<Variant, sizeof...(i)> reversed{
+            hostArgument(std::get<sizeof...(i) - 1 - i>(arguments))...};
+        return invoke(member, kind, reversed);
     }
     template <class... Indices>
     Variant read(DISPID member, const Indices&... indices) {
@@ -152,8 +161,8 @@ private:
         run(member, kind, indicesAndValue...);
     }
 
-    /// `arguments` in the order in which a host writes them.
-    Variant invoke(DISPID member, WORD kind, std::span<const Variant> arguments) const;
+    /// `reversed` are the arguments as Invoke takes them, the last first.
+    Variant invoke(DISPID member, WORD kind, std::span<Variant> reversed) const;
     DISPID id(const wchar_t* name);
     HRESULT find(const wchar_t* name, DISPID& found);
 

@@ -41,10 +41,36 @@ bool HostItems::next(Variant& item) {
 }
 
 bool HostItems::nextByNumber(Variant& item) {
-    if (number_ >= count_) return false;
-    const auto number = number_++;
-    item = hasItem_ ? collection_.get(L"Item", number) : collection_.getDefault(number);
+    if (given_ >= count_) return false;
+    // Counted whether or not the host hands it over, so that a walk can go on behind it.
+    const auto index = given_++;
+    item = index == 0 ? first() : numbered(base_ + index);
     return true;
+}
+
+Variant HostItems::numbered(std::int32_t number) {
+    return hasItem_ ? collection_.get(L"Item", number) : collection_.getDefault(number);
+}
+
+bool HostItems::has(std::int32_t number) {
+    try {
+        numbered(number);
+        return true;
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+Variant HostItems::first() {
+    try {
+        return numbered(0);
+    } catch (const RuntimeError&) {
+        // Only where items are numbered from 1 has the last one the number of all. Anywhere else the failure
+        // is the collection's own, and item 1 would be the second.
+        if (!has(count_)) throw;
+    }
+    base_ = 1;
+    return numbered(1);
 }
 
 }  // namespace vorla

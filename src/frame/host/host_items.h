@@ -9,8 +9,8 @@
 namespace vorla {
 
 /// Walks a collection once: by its enumerator when it has one, so that an item costs one call; otherwise by
-/// `Count` and `Item`, or the default property in place of `Item`, from item 0 as the host's forms, controls
-/// and lists count.
+/// `Count` and `Item`, or the default property in place of `Item`. Items are numbered from 0, as hosts number
+/// their forms and controls, or from 1, as they number what programs collect; the collection is asked which.
 ///
 ///     HostItems controls(form.getObject(L"Controls"));
 ///     for (Variant control; controls.next(control);) …
@@ -27,11 +27,15 @@ public:
 
 private:
     bool nextByNumber(Variant& item);
+    Variant numbered(std::int32_t number);
+    bool has(std::int32_t number);
+    Variant first();
 
     BoundObject collection_;
     ComPointer<IEnumVARIANT> enumerator_;
-    std::int32_t number_ = 0;
     std::int32_t count_ = 0;
+    std::int32_t given_ = 0;
+    std::int32_t base_ = 0;
     bool hasItem_ = false;
 };
 

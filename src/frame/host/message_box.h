@@ -9,4 +9,7 @@ namespace vorla {
 /// user has answered it.
 void messageBox(TextView text);
 
+/// The same with an exclamation mark and a title of its own.
+void warningBox(TextView text, TextView title);
+
 }  // namespace vorla

@@ -45,6 +45,8 @@ Text fromAnsi(std::string_view bytes) {
     return result;
 }
 
+Text fromAnsiBuffer(std::string_view buffer) { return fromAnsi(buffer.substr(0, buffer.find('\0'))); }
+
 Bstr bstrFromAnsi(std::string_view bytes) {
     if (bytes.empty()) return {};
     const auto length = toWide(bytes, nullptr, 0);

@@ -12,6 +12,9 @@ namespace vorla {
 std::string toAnsi(TextView text);
 Text fromAnsi(std::string_view bytes);
 
+/// What Windows has left in a buffer: the bytes up to the first NUL, all of them when there is none.
+Text fromAnsiBuffer(std::string_view buffer);
+
 /// The same in the one allocation of a result, for bytes by the megabyte.
 Bstr bstrFromAnsi(std::string_view bytes);
 

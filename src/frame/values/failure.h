@@ -16,6 +16,15 @@ Result endOnError(Result neutral, Work&& work) noexcept {
     }
 }
 
+/// The same for a member without a result.
+template <class Work>
+void endOnError(Work&& work) noexcept {
+    try {
+        std::forward<Work>(work)();
+    } catch (...) {
+    }
+}
+
 /// Continue on error: runs one statement and skips the rest of it when it fails.
 /// Returns whether it ran to its end.
 template <class Statement>

@@ -12,9 +12,9 @@ public:
     ReportedFailure(const ReportedFailure&) = delete;
     ReportedFailure& operator=(const ReportedFailure&) = delete;
     ~ReportedFailure() {
-        SysFreeString(information_.bstrSource);
-        SysFreeString(information_.bstrDescription);
-        SysFreeString(information_.bstrHelpFile);
+        free(information_.bstrSource);
+        free(information_.bstrDescription);
+        free(information_.bstrHelpFile);
     }
 
     EXCEPINFO* put() { return &information_; }
@@ -26,17 +26,23 @@ public:
     }
 
 private:
+    // Most calls succeed and leave no text.
+    static void free(BSTR text) {
+        if (text) SysFreeString(text);
+    }
+
     EXCEPINFO information_{};
 };
 
 }  // namespace
 
-Variant invoked(IDispatch* object, DISPID id, WORD kind, DISPPARAMS arguments, LCID locale) {
+Variant invoked(IDispatch* object, DISPID id, WORD kind, const DISPPARAMS& arguments, LCID locale) {
     if (!object) throw RuntimeError(ErrorNumber::objectNotSet);
     Variant result;
     ReportedFailure failure;
     const bool writes = (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
-    const auto answer = object->Invoke(id, IID_NULL, locale, kind, &arguments,
+    // Nobody writes to the list of arguments, which its declaration does not say.
+    const auto answer = object->Invoke(id, IID_NULL, locale, kind, const_cast<DISPPARAMS*>(&arguments),
                                        writes ? nullptr : result.put(), failure.put(), nullptr);
     if (answer == DISP_E_EXCEPTION) failure.raise();
     check(answer);

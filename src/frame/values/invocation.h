@@ -11,7 +11,7 @@ namespace vorla {
 /// property put the value stands first. By-reference arguments are written by the object.
 /// Errors: the object's own number when it gives one (wCode, or the low half of 0x800Axxxx); otherwise 438
 /// for a member it has not, 13 for arguments that do not fit, 440 for the rest. Without an object: 91.
-Variant invoked(IDispatch* object, DISPID id, WORD kind, DISPPARAMS arguments,
+Variant invoked(IDispatch* object, DISPID id, WORD kind, const DISPPARAMS& arguments,
                 LCID locale = LOCALE_USER_DEFAULT);
 
 }  // namespace vorla

@@ -1,8 +1,11 @@
 #include "frame/values/leading_number.h"
 
+#include <algorithm>
 #include <charconv>
+#include <cstdint>
 #include <limits>
 #include <string>
+#include <string_view>
 
 namespace vorla {
 namespace {
@@ -23,6 +26,24 @@ std::string numericCharacters(TextView text) {
     return result;
 }
 
+// Whether a number that no double holds is too large rather than too small: that depends on how far its first
+// digit stands before or behind the point, and on the exponent.
+bool isTooLarge(std::string_view number) {
+    const auto mark = std::min(number.find('e'), number.size());
+    const auto digits = number.substr(0, mark);
+    const auto point = std::min(digits.find('.'), digits.size());
+    const auto places =
+        static_cast<std::int64_t>(point) - static_cast<std::int64_t>(digits.find_first_of("123456789"));
+    if (mark == number.size()) return places > 0;
+    auto exponent = number.substr(mark + 1);
+    const bool negative = exponent.starts_with('-');
+    if (exponent.starts_with('+')) exponent.remove_prefix(1);
+    std::int64_t power = 0;
+    const auto [stop, failure] = std::from_chars(exponent.data(), exponent.data() + exponent.size(), power);
+    if (failure == std::errc::result_out_of_range) return !negative;
+    return places + power > 0;
+}
+
 }  // namespace
 
 double leadingNumber(TextView text) {
@@ -34,9 +55,7 @@ double leadingNumber(TextView text) {
     double value = 0;
     const auto [stop, failure] = std::from_chars(begin, end, value);
     if (failure != std::errc::result_out_of_range) return value;
-    // Too small or too large, which only the exponent tells, or the digits when there is none.
-    const auto exponent = characters.find('e');
-    if (exponent != std::string::npos && characters.compare(exponent + 1, 1, "-") == 0) return 0;
+    if (!isTooLarge({begin, static_cast<std::size_t>(stop - begin)})) return 0;
     constexpr auto infinity = std::numeric_limits<double>::infinity();
     return *begin == '-' ? -infinity : infinity;
 }

@@ -39,7 +39,7 @@ private:
 /// Owns one variant. Laid out as a VARIANT, so that a by-reference one is the caller's own.
 class Variant {
 public:
-    Variant() noexcept { VariantInit(&value_); }
+    Variant() = default;
     explicit Variant(VariantView value);
     // Exactly a bool: a pointer to characters would otherwise become True.
     template <std::same_as<bool> Boolean>
@@ -59,27 +59,26 @@ public:
         std::swap(value_, other.value_);
         return *this;
     }
-    ~Variant() { VariantClear(&value_); }
+    ~Variant() {
+        // Most hold a number, or nothing any more: what they owned was handed on.
+        if (mayOwn(value_.vt)) VariantClear(&value_);
+    }
 
     VariantView view() const { return value_; }
     const VARIANT& raw() const { return value_; }
-    VARIANT detach() noexcept {
-        VARIANT empty;
-        VariantInit(&empty);
-        return std::exchange(value_, empty);
-    }
+    VARIANT detach() noexcept { return std::exchange(value_, VARIANT{}); }
 
     /// Where a function leaves the value that this object then owns. Only for an Empty one.
     VARIANT* put() noexcept { return &value_; }
 
 private:
     enum class Type : VARTYPE {};
-    explicit Variant(Type type) noexcept {
-        VariantInit(&value_);
-        value_.vt = static_cast<VARTYPE>(type);
-    }
+    explicit Variant(Type type) noexcept { value_.vt = static_cast<VARTYPE>(type); }
 
-    VARIANT value_;
+    // Whether a value of this type may own something beside itself.
+    static bool mayOwn(VARTYPE type) { return type >= VT_BSTR && type != VT_BOOL && type != VT_ERROR; }
+
+    VARIANT value_{};
 };
 
 static_assert(sizeof(Variant) == sizeof(VARIANT));

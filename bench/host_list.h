@@ -1,0 +1,38 @@
+// A list of a host, as the benchmark drives it.
+#pragma once
+
+#include <windows.h>
+
+#include <vector>
+
+#include "frame/values/bstr.h"
+
+namespace vorla::bench {
+
+/// `ListCount`, `List(i)` and `ItemData(i)`, with as little work of its own as a list can have, so that what
+/// the caller adds to it shows. Counts what it is asked. Lives in a file of its own: the compiler must not
+/// see through it, as it cannot see through a host.
+class HostList final : public IDispatch {
+public:
+    static constexpr std::int32_t lineCount = 10'000;
+
+    HostList();
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
+    // Lives as long as the measurement, whoever refers to it.
+    ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
+    ULONG STDMETHODCALLTYPE Release() override { return 1; }
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override;
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT* result,
+                                     EXCEPINFO*, UINT*) override;
+
+    int lookups = 0;
+    int calls = 0;
+
+private:
+    std::vector<Bstr> lines_;
+};
+
+}  // namespace vorla::bench

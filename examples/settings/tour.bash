@@ -1,0 +1,14 @@
+# Settings: the choices of a program's user, kept between two runs.
+same_in_both+=(settings.txt)
+
+run_settings() {
+    local size=$1 folder=$2
+    run_script "$size" "$folder" settings 'réglages relus' examples/settings/settings.vbs
+}
+
+page_settings() {
+    cat <<END
+<h2>A program's settings, kept in the registry</h2>
+<pre>$(escaped <"$1/settings.txt")</pre>
+END
+}

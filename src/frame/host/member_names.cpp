@@ -1,0 +1,21 @@
+#include "frame/host/member_names.h"
+
+#include <dispex.h>
+
+#include "frame/values/bstr.h"
+#include "frame/values/unique_handle.h"
+
+namespace vorla {
+
+HRESULT findMember(IDispatch* object, const wchar_t* name, LCID locale, DISPID& id) {
+    auto asked = const_cast<LPOLESTR>(name);
+    const auto answer = object->GetIDsOfNames(IID_NULL, &asked, 1, locale, &id);
+    if (answer != E_NOTIMPL) return answer;
+    // Objects of a script's own classes, as Wine's script host makes them, tell their names in this way only.
+    ComPointer<IDispatchEx> extended;
+    if (FAILED(object->QueryInterface(__uuidof(IDispatchEx), reinterpret_cast<void**>(extended.put()))))
+        return answer;
+    return extended->GetDispID(Bstr(TextView(name)).get(), fdexNameCaseInsensitive, &id);
+}
+
+}  // namespace vorla

@@ -1,0 +1,12 @@
+// The names of a host object's members.
+#pragma once
+
+#include <oaidl.h>
+
+namespace vorla {
+
+/// Finds the identifier of a member by its name. Failures: the object's own, DISP_E_UNKNOWNNAME for a name
+/// that it has not.
+HRESULT findMember(IDispatch* object, const wchar_t* name, LCID locale, DISPID& id);
+
+}  // namespace vorla

@@ -1,0 +1,393 @@
+#include "system/VorlaSystem.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
+#include <shlobj.h>
+#include <shlwapi.h>
+#include <winnetwk.h>
+
+#include <array>
+#include <cstring>
+
+#include "frame/declarations/files.h"
+#include "frame/declarations/paths.h"
+#include "frame/declarations/profile.h"
+#include "frame/declarations/system_queries.h"
+#include "frame/declarations/waiting.h"
+#include "frame/host/bound_object.h"
+#include "frame/host/error_object.h"
+#include "frame/host/globals.h"
+#include "frame/host/message_box.h"
+#include "frame/host/object_kinds.h"
+#include "frame/values/ansi.h"
+#include "frame/values/conversions.h"
+#include "frame/values/failure.h"
+#include "frame/values/unique_handle.h"
+#include "system/shell_errors.h"
+#include "system/words.h"
+
+namespace vorla {
+namespace {
+
+struct ProcessKind {
+    using Handle = HANDLE;
+    static Handle invalid() { return nullptr; }
+    static void close(Handle handle) { CloseHandle(handle); }
+};
+using Process = UniqueHandle<ProcessKind>;
+
+struct DesktopKind {
+    using Handle = HDESK;
+    static Handle invalid() { return nullptr; }
+    static void close(Handle handle) { CloseDesktop(handle); }
+};
+using Desktop = UniqueHandle<DesktopKind>;
+
+// What Windows leaves in a buffer of this many characters; empty when the call fails. `fill` gets the buffer
+// and says whether it worked.
+template <std::size_t room, class Fill>
+Text filled(Fill&& fill) {
+    std::array<char, room> buffer{};
+    if (!fill(buffer.data())) return {};
+    return fromAnsiBuffer({buffer.data(), buffer.size()});
+}
+
+// Handles are 32-bit numbers to hosts, in both word sizes.
+HWND windowOf(std::int32_t handle) { return reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle)); }
+
+std::string rootOf(TextView path) { return toAnsi(DecoupeChemin(path, eFileN::efRacine).text()); }
+
+// Whether a call that answers with the length of what it wrote, or with the room that it needs, has answered.
+constexpr bool hasWritten(DWORD length, DWORD room) { return length > 0 && length < room; }
+
+// Empty when it cannot be told; the shell then takes it by itself.
+Text currentFolder() {
+    const auto folder = filled<MAX_PATH>(
+        [](char* buffer) { return hasWritten(GetCurrentDirectoryA(MAX_PATH, buffer), MAX_PATH); });
+    return folder.empty() ? folder : AjouteAntiSlash(folder).text();
+}
+
+// A bare name is its own folder part, but the file lies in the current folder.
+Text folderOf(TextView path) {
+    if (path.find(L'\\') == TextView::npos) return currentFolder();
+    return DecoupeChemin(path, eFileN::efRépertoire).text();
+}
+
+void reportShellError(std::int32_t code, bool message) {
+    const auto text = shellErrorText(code);
+    if (message)
+        warningBox(text, L"Erreur");
+    else
+        storeError(IID_NULL, L"Vorla6.VorlaSystem", text, static_cast<DWORD>(code));
+}
+
+// Asks the shell about a file by its name and folder, and reports a failure. A path longer than Windows knows
+// is not asked about: some shells do not survive it.
+template <class Ask>
+std::int32_t askShell(TextView path, bool message, Ask&& ask) {
+    const auto name = toAnsi(DecoupeChemin(path, eFileN::eFNomFichier).text()),
+               folder = toAnsi(folderOf(path));
+    std::int32_t answer = SE_ERR_FNF;
+    if (name.size() + folder.size() < MAX_PATH) {
+        const HINSTANCE number = ask(name.c_str(), folder.c_str());
+        answer = static_cast<std::int32_t>(reinterpret_cast<LONG_PTR>(number));
+    }
+    if (isShellError(answer)) reportShellError(answer, message);
+    return answer;
+}
+
+// An empty file that lives as long as this does. Nothing is made, nor deleted, where a file is already.
+class Placeholder {
+public:
+    explicit Placeholder(Text path) : path_(std::move(path)) {
+        made_ = static_cast<bool>(File(CreateFileA(toAnsi(path_).c_str(), GENERIC_WRITE, 0, nullptr,
+                                                   CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr)));
+    }
+    Placeholder(const Placeholder&) = delete;
+    Placeholder& operator=(const Placeholder&) = delete;
+    ~Placeholder() {
+        if (made_) step([this] { DeleteFileA(toAnsi(path_).c_str()); });
+    }
+
+private:
+    Text path_;
+    bool made_;
+};
+
+// Where a file of this name could be made: in its folder, or else under another name in the one for temporary
+// files.
+Text placeFor(TextView fileName) {
+    if (ExisteDossier(fileName)) return Text(fileName);
+    auto extension = DecoupeChemin(fileName, eFileN::eFExtension).text();
+    const auto other = CheminTemporaire(L"vla", extension);
+    return other.empty() ? Text(fileName) : other;
+}
+
+Text associatedProgram(TextView path, bool message) {
+    // Windows is not told how much room there is, and uses this much.
+    return filled<MAX_PATH>([&](char* buffer) {
+        return !isShellError(askShell(path, message, [buffer](LPCSTR name, LPCSTR folder) {
+            return FindExecutableA(name, folder, buffer);
+        }));
+    });
+}
+
+struct Started {
+    Process process;
+    DWORD id;
+
+    // A process may end with the code that stands for one that still runs.
+    bool hasEndedWith(DWORD exitCode) const {
+        return exitCode != STILL_ACTIVE || WaitForSingleObject(process.get(), 0) == WAIT_OBJECT_0;
+    }
+};
+
+// Starts a program as hosts do, with the window styles that they have. Error 5 for another style, 53 for a
+// program that does not start.
+Started start(TextView command, std::int32_t windowStyle) {
+    constexpr std::int32_t lastStyle = 9;
+    if (windowStyle < 0 || windowStyle > lastStyle) throw RuntimeError(ErrorNumber::invalidProcedureCall);
+    auto line = toAnsi(command);
+    STARTUPINFOA information{};
+    information.cb = sizeof information;
+    information.dwFlags = STARTF_USESHOWWINDOW;
+    information.wShowWindow = static_cast<WORD>(windowStyle);
+    PROCESS_INFORMATION made{};
+    if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &information,
+                        &made))
+        throw RuntimeError(ErrorNumber::fileNotFound);
+    CloseHandle(made.hThread);
+    return {Process(made.hProcess), made.dwProcessId};
+}
+
+bool isNumber(VariantView value) {
+    switch (value.type()) {
+        case VT_EMPTY:
+        case VT_BOOL:
+        case VT_I1:
+        case VT_UI1:
+        case VT_I2:
+        case VT_UI2:
+        case VT_I4:
+        case VT_UI4:
+        case VT_INT:
+        case VT_UINT:
+        case VT_I8:
+        case VT_UI8:
+        case VT_R4:
+        case VT_R8:
+        case VT_CY:
+        case VT_DECIMAL: return true;
+        case VT_BSTR: return isNumeric(viewOf(value.raw().bstrVal));
+        default: return false;
+    }
+}
+
+// The handle that a host means by a number or a form; 0 for anything else.
+std::int32_t handleOf(VariantView window) {
+    if (isNumber(window)) return converted(window, VT_I4).raw().lVal;
+    if (!window.isObject() || !window.raw().punkVal) return 0;
+    const auto form = objectIn(window);
+    return isHostForm(form) ? BoundObject(form).getAs<std::int32_t>(L"hwnd") : 0;
+}
+
+bool foregroundIsScreenSaver() {
+    constexpr int room = 255;
+    const auto name =
+        filled<room + 1>([](char* buffer) { return GetClassNameA(GetForegroundWindow(), buffer, room) > 0; });
+    return lowerCased(name) == L"windowsscreensaverclass";
+}
+
+bool hasScreenSaverDesktop() {
+    const Desktop desktop(OpenDesktopA("screen-saver", 0, FALSE, MAXIMUM_ALLOWED));
+    return desktop || GetLastError() == ERROR_ACCESS_DENIED;
+}
+
+// The network folder that is connected to a drive ("X:"); empty when there is none.
+Text connectionOf(const std::string& drive) {
+    constexpr DWORD room = 255;
+    if (!PathIsNetworkPathA(drive.c_str())) return {};
+    return filled<room>([&drive](char* buffer) {
+        auto length = room;
+        return WNetGetConnectionA(drive.c_str(), buffer, &length) == NO_ERROR;
+    });
+}
+
+}  // namespace
+
+std::int32_t VorlaSystem::SysDisqueNumero(TextView Disque) {
+    DWORD number = 0;
+    if (!GetVolumeInformationA(rootOf(Disque).c_str(), nullptr, 0, &number, nullptr, nullptr, nullptr, 0))
+        return 0;
+    return static_cast<std::int32_t>(number);
+}
+
+Text VorlaSystem::SysDisqueLabel(TextView Disque) {
+    constexpr DWORD room = 261;
+    return filled<room>([root = rootOf(Disque)](char* buffer) {
+        return GetVolumeInformationA(root.c_str(), buffer, room, nullptr, nullptr, nullptr, nullptr, 0);
+    });
+}
+
+eDriveType VorlaSystem::SysDisqueType(TextView Chem) { return TypeLecteur(Chem); }
+
+Text VorlaSystem::SysRepertoires(SysRepert Repertoire) {
+    constexpr UINT room = 4095;
+    const auto folder = filled<room + 1>([Repertoire](char* buffer) {
+        switch (Repertoire) {
+            case SysRepert::Windows: return hasWritten(GetWindowsDirectoryA(buffer, room), room);
+            case SysRepert::Système: return hasWritten(GetSystemDirectoryA(buffer, room), room);
+            case SysRepert::Temp: return hasWritten(GetTempPathA(room, buffer), room);
+        }
+        return false;
+    });
+    return AjouteAntiSlash(folder).text();
+}
+
+Text VorlaSystem::SysSpecialFolder(eSpecialFolderConstants Repertoire) {
+    bool known = false;
+    const auto folder = filled<MAX_PATH>([&](char* buffer) {
+        return known = SHGetFolderPathA(nullptr, static_cast<int>(Repertoire), nullptr, SHGFP_TYPE_CURRENT,
+                                        buffer) == S_OK;
+    });
+    return known ? AjouteAntiSlash(folder).text() : Text();
+}
+
+Text VorlaSystem::SysFindAppliAssocié(TextView FileName, bool Message, const bool& NoCreateFileIfNotExist) {
+    if (FileName.empty()) return L"-1";
+    if (NoCreateFileIfNotExist || ExisteFichier(FileName, eFileToTest::eftFile))
+        return associatedProgram(FileName, Message);
+    const auto path = placeFor(FileName);
+    const Placeholder placeholder(path);
+    return associatedProgram(path, Message);
+}
+
+bool VorlaSystem::SysShellWait(const Text& sShell, std::int32_t eWindowStyle) {
+    return endOnError(false, [&] {
+        constexpr DWORD pause = 100;
+        const auto started = start(sShell, eWindowStyle);
+        const Process process(OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, started.id));
+        if (!process) return false;
+        for (DWORD exitCode = 0;;) {
+            if (!GetExitCodeProcess(process.get(), &exitCode)) return false;
+            if (started.hasEndedWith(exitCode)) return true;
+            DoEvents();
+            // A sleep that the end of the process cuts short.
+            WaitForSingleObject(started.process.get(), pause);
+        }
+    });
+}
+
+std::int32_t VorlaSystem::SysShellAppliAssocié(TextView FileName, bool Message) {
+    if (FileName.empty()) return -1;
+    return askShell(FileName, Message, [](LPCSTR name, LPCSTR folder) {
+        return ShellExecuteA(GetDesktopWindow(), "Open", name, nullptr, folder, SW_SHOWNORMAL);
+    });
+}
+
+Text VorlaSystem::SysSymboleMonétaire(eInfoMonetaire TypeInfo) {
+    return InfoLocale(static_cast<std::int32_t>(TypeInfo));
+}
+
+WinVer VorlaSystem::WindowsVersion(Text& VarToReceiveStrVersion) {
+    return VersionWindows(VarToReceiveStrVersion);
+}
+
+Text VorlaSystem::IniLit(TextView FichierINI, TextView Section, TextView MotClé, TextView ValParDefaut,
+                         bool ConvertionOEM) {
+    return IniLecture(FichierINI, Section, MotClé, ValParDefaut, ConvertionOEM);
+}
+
+std::int32_t VorlaSystem::IniEcrit(TextView FichierINI, TextView Section, TextView MotClé, TextView Valeur,
+                                   bool ConvertionOEM) {
+    return IniEcriture(FichierINI, Section, MotClé, Valeur, ConvertionOEM);
+}
+
+Text VorlaSystem::OemToChar(TextView ChaineSource) { return OemVersAnsi(ChaineSource); }
+
+Text VorlaSystem::CharToOem(TextView ChaineSource) { return AnsiVersOem(ChaineSource); }
+
+void VorlaSystem::FlashWindow(const Variant& Frm) {
+    constexpr UINT often = 10'000;
+    const auto handle = handleOf(Frm.view());
+    if (handle <= 0) return;
+    FLASHWINFO flashing{sizeof flashing, windowOf(handle), FLASHW_ALL | FLASHW_TIMERNOFG, often, 0};
+    FlashWindowEx(&flashing);
+}
+
+Text VorlaSystem::GetComputerName() {
+    constexpr DWORD room = MAX_COMPUTERNAME_LENGTH + 1;
+    return filled<room>([](char* buffer) {
+        auto length = room;
+        return GetComputerNameA(buffer, &length);
+    });
+}
+
+bool VorlaSystem::OsVersion95NT() {
+    Text name;
+    switch (VersionWindows(name)) {
+        case WinVer::WinNT351:
+        case WinVer::Win95:
+        case WinVer::Win95Osr2:
+        case WinVer::WinNT4: return true;
+        default: return false;
+    }
+}
+
+std::int32_t VorlaSystem::MakeLong(std::int32_t wLow, std::int32_t wHigh) { return joinedWords(wLow, wHigh); }
+
+std::int32_t VorlaSystem::MakeLParam(std::int32_t wLow, std::int32_t wHigh) {
+    return joinedWords(wLow, wHigh);
+}
+
+std::int32_t VorlaSystem::MakeWord(std::int32_t wLow, std::int32_t wHigh) { return joinedBytes(wLow, wHigh); }
+
+std::int16_t VorlaSystem::LoWord(std::int32_t dwValue) { return lowWord(dwValue); }
+
+std::int16_t VorlaSystem::HiWord(std::int32_t dwValue) { return highWord(dwValue); }
+
+std::uint8_t VorlaSystem::LoByte(std::int32_t dwValue) { return lowByte(dwValue); }
+
+std::uint8_t VorlaSystem::HiByte(std::int32_t dwValue) { return highByte(dwValue); }
+
+std::int16_t VorlaSystem::LongToUShort(const std::int32_t& Unsigned) { return signedWord(Unsigned); }
+
+bool VorlaSystem::IsDiskReady(TextView Chem) { return ExisteDossier(Chem); }
+
+void VorlaSystem::SleepNoWait(std::int32_t Millisecondes) { Attente(Millisecondes); }
+
+bool VorlaSystem::IsScreenSaverRunning() {
+    return endOnError(false, [] {
+        if (foregroundIsScreenSaver() || hasScreenSaverDesktop()) return true;
+        BOOL running = FALSE;
+        return SystemParametersInfoA(SPI_GETSCREENSAVERRUNNING, 0, &running, 0) && running;
+    });
+}
+
+Text VorlaSystem::UNCPathFromPath(const Text& pLocalName) {
+    const auto path = toAnsi(pLocalName);
+    auto root = path;
+    PathStripToRootA(root.data());
+    root.resize(std::strlen(root.c_str()));
+    if (root.ends_with('\\')) root.pop_back();
+    const char* rest = PathSkipRootA(path.c_str());
+    // A name in the drive's current folder has no root to put another in the place of.
+    if (!rest && root.size() != path.size()) return pLocalName;
+    const auto connection = connectionOf(root);
+    if (connection.empty()) return pLocalName;
+    return AjouteAntiSlash(connection).text() + (rest ? fromAnsi(rest) : Text());
+}
+
+std::int32_t VorlaSystem::WinProcIDFromWnd(std::int32_t hwnd) {
+    DWORD process = 0;
+    GetWindowThreadProcessId(windowOf(hwnd), &process);
+    return static_cast<std::int32_t>(process);
+}
+
+std::int32_t VorlaSystem::WindowHandle(TextView Titre) {
+    const auto window = FindWindowA(nullptr, toAnsi(Titre).c_str());
+    return static_cast<std::int32_t>(reinterpret_cast<LONG_PTR>(window));
+}
+
+}  // namespace vorla
