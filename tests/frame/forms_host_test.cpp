@@ -564,6 +564,11 @@ TEST_F(FormsHost, theNthCallFailsByOrder) {
     EXPECT_EQ(5, errorOf([&] { bound.get(L"Text"); }));
     host().record().clear();
     EXPECT_EQ(L"écrit", bound.getAs<Text>(L"Text"));
+    host().record().failLookup(2, E_FAIL);
+    BoundObject fresh(asHost(box));
+    EXPECT_EQ(L"écrit", fresh.getAs<Text>(L"Text"));
+    EXPECT_EQ(440, errorOf([&] { fresh.get(L"Tag"); }));
+    EXPECT_EQ(L"", fresh.getAs<Text>(L"Tag"));
     HostItems items(host().forms());
     host().record().fail(1, {E_OUTOFMEMORY});
     Variant item;

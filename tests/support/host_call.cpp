@@ -53,6 +53,13 @@ void CallRecord::clear() {
     log_.clear();
     failures_.clear();
     failing_.clear();
+    failedLookups_.clear();
+}
+
+HRESULT CallRecord::noteLookup(std::wstring line) {
+    log_.push_back(std::move(line));
+    const auto ordered = failedLookups_.find(++lookups_);
+    return ordered == failedLookups_.end() ? S_OK : ordered->second;
 }
 
 const HostFailure* CallRecord::noteCall(std::wstring line) {

@@ -55,11 +55,13 @@ public:
     void fail(int number, HostFailure failure) { failures_[calls_ + number] = failure; }
     /// Every call that is logged as this line fails, from now until the record is cleared.
     void failEvery(const std::wstring& line, HostFailure failure) { failing_[line] = failure; }
+    /// The `number`-th name that is looked up from now fails to be, with this code.
+    void failLookup(int number, HRESULT code) { failedLookups_[lookups_ + number] = code; }
     /// Orders no failure any longer and forgets the log.
     void clear();
 
-    /// A line that is no call: names that are only looked up never fail by order.
-    void note(std::wstring line) { log_.push_back(std::move(line)); }
+    /// A name that is looked up, which is no call; the failure that was ordered for it, or success.
+    HRESULT noteLookup(std::wstring line);
     /// A call; the failure that was ordered for it, or null.
     const HostFailure* noteCall(std::wstring line);
 
@@ -75,6 +77,8 @@ private:
     std::map<int, HostFailure> failures_;
     std::map<std::wstring, HostFailure> failing_;
     int calls_ = 0;
+    std::map<int, HRESULT> failedLookups_;
+    int lookups_ = 0;
 };
 
 }  // namespace vorla::test

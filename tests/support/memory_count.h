@@ -23,8 +23,8 @@ private:
     long start_;
 };
 
-/// Expects ten thousand uses to leave nothing allocated and nothing open. The first one, uncounted, fills what is kept on
-/// purpose.
+/// Expects ten thousand uses to leave nothing allocated and nothing open. The first one, uncounted, fills
+/// what is kept on purpose.
 template <class Use>
 void expectNothingLeft(Use&& useOnce) {
     useOnce();

@@ -99,7 +99,7 @@ ScriptedObject& ScriptedObject::failCallDeferred(int number, WORD errorNumber) {
 }
 
 ScriptedObject& ScriptedObject::failLookup(int number, HRESULT code) {
-    failedLookups_[lookups_ + number] = code;
+    record_.failLookup(number, code);
     return *this;
 }
 
@@ -142,10 +142,9 @@ HRESULT ScriptedObject::GetTypeInfo(UINT index, LCID, ITypeInfo** type) {
 
 HRESULT ScriptedObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
     if (count != 1) return E_INVALIDARG;
-    record_.note(L"lookup " + std::wstring(names[0]));
     ids[0] = DISPID_UNKNOWN;
-    if (const auto ordered = failedLookups_.find(++lookups_); ordered != failedLookups_.end())
-        return ordered->second;
+    if (const auto failed = record_.noteLookup(L"lookup " + std::wstring(names[0])); FAILED(failed))
+        return failed;
     const auto* const member = names[0][0] == L'(' ? nullptr : find(names[0]);
     ids[0] = member ? firstId + static_cast<DISPID>(member - members_.data()) : DISPID_UNKNOWN;
     return member ? S_OK : DISP_E_UNKNOWNNAME;

@@ -5,7 +5,6 @@
 #include <windows.h>
 
 #include <functional>
-#include <map>
 #include <string>
 #include <utility>
 #include <vector>
@@ -123,8 +122,6 @@ private:
     ComPointer<ITypeInfo> interface_;
     ClassInfo classInfo_{*this};
     CallRecord record_;
-    std::map<int, HRESULT> failedLookups_;
-    int lookups_ = 0;
     long references_ = 0;
 };
 

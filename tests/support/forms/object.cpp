@@ -67,7 +67,9 @@ HRESULT Object::GetClassInfo(ITypeInfo** type) {
 
 HRESULT Object::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
     if (count != 1) return E_INVALIDARG;
-    record_.note(L"lookup " + path() + L"." + names[0]);
+    ids[0] = DISPID_UNKNOWN;
+    if (const auto failed = record_.noteLookup(L"lookup " + path() + L"." + names[0]); FAILED(failed))
+        return failed;
     ids[0] = find(names[0]);
     return ids[0] == DISPID_UNKNOWN ? DISP_E_UNKNOWNNAME : S_OK;
 }

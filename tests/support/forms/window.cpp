@@ -169,7 +169,8 @@ void Window::refresh() {
 }
 
 Variant Window::setFocus(const HostCall&) {
-    if (!IsWindowVisible(living()) || !IsWindowEnabled(window_)) throw RuntimeError(ErrorNumber::invalidProcedureCall);
+    if (!IsWindowVisible(living()) || !IsWindowEnabled(window_))
+        throw RuntimeError(ErrorNumber::invalidProcedureCall);
     SetFocus(window_);
     return {};
 }
