@@ -4,6 +4,9 @@
 
 #include <olectl.h>
 
+#include <algorithm>
+#include <cstring>
+
 #include "frame/declarations/comparison.h"
 #include "frame/declarations/files.h"
 #include "frame/declarations/host_queries.h"
@@ -92,6 +95,18 @@ TEST(FailingFiles, haveNoShortForm) {
     expectCalls(2, noCharacters, shortForm, narrow(expected), {"error 5"});
 }
 
+TEST(FailingFiles, haveNoShortFormThatFillsTheBuffer) {
+    Intercept<decltype(GetShortPathNameA)> shortForms(program, kernel, "GetShortPathNameA");
+    DWORD length = 0;
+    shortForms.answer([&](LPCSTR, LPSTR buffer, DWORD room) -> DWORD {
+        EXPECT_EQ(255u, room);
+        std::fill_n(buffer, room, 'x');
+        return length;
+    });
+    for (length = 253; length <= 257; ++length)
+        EXPECT_EQ(Text(length < 255 ? length : 0, L'x'), CheminCourt(L"C:\\a")) << length;
+}
+
 TEST(FailingFiles, areNotDeleted) {
     const TemporaryFolder temporary;
     const auto path = temporary.path(L"fichier.txt");
@@ -166,6 +181,28 @@ TEST_F(FailingTemporaryNames, areEmptyOrTheLastOneDrawn) {
         EXPECT_EQ(first_, toAnsi(answer));
         EXPECT_EQ(L".txt", extension);
     }
+}
+
+TEST_F(FailingTemporaryNames, needAFolderThatFits) {
+    Intercept<decltype(GetTempPathA)> folder(program, kernel, "GetTempPathA");
+    Intercept<decltype(GetTempFileNameA)> name(program, kernel, "GetTempFileNameA");
+    DWORD length = 0;
+    folder.answer([&](DWORD room, LPSTR buffer) -> DWORD {
+        EXPECT_EQ(512u, room);
+        *buffer = '\0';
+        return length;
+    });
+    name.answer([](LPCSTR, LPCSTR, UINT, LPSTR drawn) -> UINT {
+        strcpy(drawn, "Q:\\abc1.tmp");
+        return 1;
+    });
+    Text none;
+    for (const DWORD answered : {0u, 1u, 511u, 512u, 513u}) {
+        length = answered;
+        const bool fits = answered >= 1 && answered < 512;
+        EXPECT_EQ(fits ? L"Q:\\abc1.tmp" : L"", CheminTemporaire(L"abc", none)) << answered;
+    }
+    EXPECT_EQ(2, name.calls());
 }
 
 TEST_F(FailingTemporaryNames, areDrawnAgainWhenTaken) {

@@ -34,6 +34,17 @@ TEST(BoundObject, readsAndWritesByName) {
     EXPECT_EQ(0, control.references());
 }
 
+TEST(BoundObject, namesThatBeginAlikeAreNotTheSame) {
+    ScriptedObject control;
+    control.property(L"Scale", std::int16_t{1}).property(L"ScaleMode", std::int16_t{3});
+    BoundObject bound{HostObject(&control)};
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(1, bound.getAs<std::int16_t>(L"Scale"));
+        EXPECT_EQ(3, bound.getAs<std::int16_t>(L"ScaleMode"));
+    }
+    EXPECT_EQ(2u, control.logged(L"lookup"));
+}
+
 TEST(BoundObject, aLongListCostsOneCallForEachItemAndProperty) {
     constexpr std::int32_t lineCount = 10'000;
     ScriptedObject list;

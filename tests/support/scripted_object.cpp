@@ -198,6 +198,10 @@ HRESULT ScriptedObject::Invoke(DISPID id, REFIID, LCID locale, WORD kind, DISPPA
         return S_OK;
     }
     if (!isMember) return DISP_E_MEMBERNOTFOUND;
+    // What is put is named as such, and nothing else is named.
+    const bool puts = (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
+    if (parameters->cNamedArgs != (puts ? 1u : 0u)) return DISP_E_NONAMEDARGS;
+    if (puts && parameters->rgdispidNamedArgs[0] != DISPID_PROPERTYPUT) return DISP_E_PARAMNOTFOUND;
     Variant given;
     const auto code = answer(members_[number], call, given);
     if (FAILED(code)) return HostFailure{code}.raise(exception);
