@@ -51,7 +51,8 @@ std::wstring wide(const char* text) {
 bool measureAll(Bench& bench, const Component& component) {
     bool correct = true;
     for (const auto measure :
-         {measureLateBinding, measureEarlyBinding, measureCreation, measureHostObjects, measureGrowth}) {
+         {measureLateBinding, measureEarlyBinding, measureCreation, measureHostObjects, measureGrowth,
+          measureFormLoading}) {
         try {
             measure(bench, component);
         } catch (const std::exception& error) {

@@ -21,4 +21,7 @@ void measureHostObjects(Bench& bench, const Component& component);
 /// Time per character for long texts against short ones.
 void measureGrowth(Bench& bench, const Component& component);
 
+/// A form's texts against the bare reads of the language file, and a large form against a small one.
+void measureFormLoading(Bench& bench, const Component& component);
+
 }  // namespace vorla::bench

@@ -30,6 +30,7 @@ add_library(vorla_frame OBJECT
     src/frame/values/ansi.cpp
     src/frame/values/conversions.cpp
     src/frame/values/invocation.cpp
+    src/frame/values/per_thread.cpp
     src/frame/values/variant.cpp)
 # The error object is oleaut32's; the import library of ole32 has it too, but before Windows 8 ole32 has not.
 target_link_libraries(vorla_frame PUBLIC vorla_rules oleaut32 ole32 uuid)
@@ -39,7 +40,10 @@ add_library(vorla_classes OBJECT
     src/frame/contract/eEnum.publication.cpp
     src/graphics/PaintEffects.publication.cpp
     src/graphics/VorlaGraphique.publication.cpp
+    src/language/VorlaLangue.cpp
     src/language/VorlaLangue.publication.cpp
+    src/language/form_translation.cpp
+    src/language/language_store.cpp
     src/media/VorlaMultiMedia.publication.cpp
     src/misc/VorlaDivers.publication.cpp
     src/system/VorlaFichier.cpp
@@ -130,3 +134,4 @@ add_subdirectory(tests/registration)
 add_subdirectory(tests/clients)
 add_subdirectory(examples/cpp)
 add_subdirectory(examples/folders)
+add_subdirectory(examples/languages)

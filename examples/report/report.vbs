@@ -145,7 +145,7 @@ Sub ShowPrograms()
     Dim extension, folder, file, program
     folder = sys.SysRepertoires(3)
     WScript.Echo "Programmes associés"
-    For Each extension In Array("txt", "html", "chm", "msi", "sans association")
+    For Each extension In Array("ini", "rtf", "chm", "msi", "vbs", "sans association")
         file = folder & "rapport." & extension
         program = sys.SysFindAppliAssocié(file, False)
         If program = "" Then program = "aucun"

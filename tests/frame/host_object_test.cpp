@@ -211,6 +211,29 @@ TEST(BoundObject, failuresKeepTheHostsNumber) {
     EXPECT_EQ(382, errorOf([&] { bound.get(L"Text"); }));
 }
 
+TEST(BoundObject, onlyPropertiesAreProperties) {
+    ScriptedObject control;
+    int calls = 0;
+    control.property(L"Caption").indexed(L"List", {true}).method(L"Text", [&](const ScriptedObject::Call&) {
+        ++calls;
+        return Variant();
+    });
+    {
+        BoundObject bound{HostObject(&control)};
+        EXPECT_TRUE(bound.hasProperty(L"Caption"));
+        EXPECT_TRUE(bound.hasProperty(L"Caption"));
+        EXPECT_FALSE(bound.hasProperty(L"Text"));
+        EXPECT_FALSE(bound.hasProperty(L"List"));
+        EXPECT_FALSE(bound.hasProperty(L"Index"));
+        control.failCall(1, E_FAIL);
+        EXPECT_FALSE(bound.hasProperty(L"Caption"));
+    }
+    EXPECT_EQ(0, calls);
+    EXPECT_EQ(1u, control.logged(L"lookup Caption"));
+    EXPECT_FALSE(BoundObject(HostObject()).hasProperty(L"Caption"));
+    EXPECT_EQ(0, control.references());
+}
+
 TEST(BoundObject, unknownNamesAndNothing) {
     ScriptedObject control;
     control.readOnly(L"Name", text(L"lblNom"));
@@ -384,6 +407,27 @@ TEST(HostItems, everyCallFailingInTurn) {
     }
 }
 
+TEST(HostItems, aWalkCanGoOnAfterAFailure) {
+    struct Row {
+        Walk walk;
+        int before;  // calls until the first item is handed over
+        std::vector<int> items;
+    };
+    // The enumerator still stands before the item that it failed to hand over; a number is used once.
+    const Row rows[] = {
+        {Walk::byEnumerator, 1, {1, 2}}, {Walk::byCountAndItem, 2, {2}}, {Walk::byCountAndDefault, 2, {2}}};
+    for (const Row& row : rows) {
+        ScriptedObject collection;
+        collection.items({std::int16_t{1}, std::int16_t{2}}, row.walk).failCall(row.before + 1, E_FAIL);
+        HostItems items{HostObject(&collection)};
+        Variant item;
+        EXPECT_EQ(440, errorOf([&] { items.next(item); }));
+        std::vector<int> rest;
+        while (items.next(item)) rest.push_back(item.raw().iVal);
+        EXPECT_EQ(row.items, rest);
+    }
+}
+
 TEST(HostItems, whatIsNoCollection) {
     ScriptedObject control;
     EXPECT_EQ(438, errorOf([&] { walked(control); }));
@@ -407,18 +451,20 @@ TEST(Kinds, controlsAreKnownByTheirClass) {
     struct Row {
         const wchar_t* name;
         bool (*is)(const HostObject&);
+        bool (*isNamed)(TextView typeName);
     };
-    const Row rows[] = {{L"CheckBox", &isCheckBox},
-                        {L"OptionButton", &isOptionButton},
-                        {L"TextBox", &isTextBox},
-                        {L"ComboBox", &isComboBox},
-                        {L"ListBox", &isListBox}};
+    const Row rows[] = {{L"CheckBox", &isCheckBox, &isCheckBox},
+                        {L"OptionButton", &isOptionButton, &isOptionButton},
+                        {L"TextBox", &isTextBox, &isTextBox},
+                        {L"ComboBox", &isComboBox, &isComboBox},
+                        {L"ListBox", &isListBox, &isListBox}};
     for (const Row& asked : rows) {
         for (const Row& made : rows) {
             ScriptedObject control;
             control.className(made.name);
             EXPECT_EQ(&asked == &made, asked.is(HostObject(&control)))
                 << narrow(asked.name) << narrow(made.name);
+            EXPECT_EQ(&asked == &made, asked.isNamed(made.name));
         }
         ScriptedObject other;
         other.className(L"SSCheck");

@@ -10,6 +10,8 @@
 #include "frame/declarations/paths.h"
 #include "frame/declarations/version_name.h"
 #include "frame/values/leading_number.h"
+#include "language/language_format.h"
+#include "language/message_text.h"
 #include "naive.h"
 #include "outcome.h"
 #include "system/file_types.h"
@@ -190,6 +192,42 @@ inline Comparison folderLevels(Arguments& arguments) {
                         arguments.text(TextView(L"\\\\ab:.\0", 7), 23) + L"\\";
     const std::size_t existing = arguments.byte() % 32u;
     return levelsOf(folder, existing, arguments.byte() % 32u);
+}
+
+// Both ways, and there and back: what was no group before is the text again, and what stands in a file has no
+// line breaks.
+inline Comparison escapes(Arguments& arguments) {
+    const Text text = arguments.farText(L"\r\n\u00FF\u00FF{lrfe}=", 31, L'x');
+    const Text written = language::escaped(text);
+    if (written.find_first_of(L"\r\n") != Text::npos) return {false, 0, call("escaped", text)};
+    if (language::unescaped(written) != language::unescaped(text))
+        return {false, 0, call("there and back", text)};
+    if (arguments.flag())
+        return compared(call("escaped", text), outcomeOf([&] { return language::escaped(text); }),
+                        outcomeOf([&] { return naive::escaped(text); }));
+    return compared(call("unescaped", text), outcomeOf([&] { return language::unescaped(text); }),
+                    outcomeOf([&] { return naive::unescaped(text); }));
+}
+
+inline Comparison controlKeys(Arguments& arguments) {
+    const Text control = arguments.text(L"a# ", 5), index = arguments.text(L"  12\t", 7),
+               property = arguments.text(L"#T ", 3);
+    return compared(call("controlKey", control, index, property),
+                    outcomeOf([&] { return language::controlKey(control, index, property); }),
+                    outcomeOf([&] { return naive::controlKey(control, index, property); }));
+}
+
+inline Comparison messages(Arguments& arguments) {
+    const Text text = arguments.farText(L"%%%%1234&", 31, L'x'), value = arguments.text(L"%12&", 5);
+    const int number = 1 + arguments.byte() % 4;
+    if (arguments.flag())
+        return compared(call("withoutAccessKeys", text),
+                        outcomeOf([&] { return language::withoutAccessKeys(text); }),
+                        outcomeOf([&] { return naive::replacedEverywhere(text, L"&", L""); }));
+    return compared(call("withValue", text, number, value),
+                    outcomeOf([&] { return language::withValue(text, number, value); }), outcomeOf([&] {
+                        return naive::replacedEverywhere(text, L"%%" + std::to_wstring(number), value);
+                    }));
 }
 
 inline Comparison amounts(Arguments& arguments) {

@@ -287,6 +287,36 @@ inline long bankRemainder(const String& bank, const String& branch, const String
     return remainder;
 }
 
+// What stands in for `sought` is not searched again.
+inline String replacedEverywhere(const String& text, const String& sought, const String& replacement) {
+    String w = text;
+    for (long p = firstPlace(w, sought, 1); p != 0; p = firstPlace(w, sought, p + length(replacement)))
+        w = left(w, p - 1) + replacement + from(w, p + length(sought));
+    return w;
+}
+
+inline String escaped(const String& text) {
+    String w = replacedEverywhere(text, L"\r\n", L"\u00FF{l}");
+    w = replacedEverywhere(w, L"\r", L"\u00FF{r}");
+    w = replacedEverywhere(w, L"\n", L"\u00FF{f}");
+    return replacedEverywhere(w, L"\r\n", L"\u00FF{l}");
+}
+
+inline String unescaped(const String& text) {
+    String w = replacedEverywhere(text, L"\u00FF{l}", L"\r\n");
+    w = replacedEverywhere(w, L"\u00FF{r}", L"\r");
+    w = replacedEverywhere(w, L"\u00FF{f}", L"\n");
+    return replacedEverywhere(w, L"\u00FF{e}", L"=");
+}
+
+inline String controlKey(const String& control, const String& index, const String& property) {
+    if (property == L"" && index == L"") return control;
+    String w = index;
+    while (left(w, 1) == L" ") w = from(w, 2);
+    while (right(w, 1) == L" ") w = left(w, length(w) - 1);
+    return control + (index == L"" ? L"" : L"#" + w) + L"#" + property;
+}
+
 inline String dateParts(const String& date) {
     String w = date, separator;
     for (const wchar_t c : date)

@@ -37,6 +37,9 @@ TEST(Properties, TheNextCodeFollowsItsSteps) { expectAgreement(compare::nextCode
 TEST(Properties, PathsFollowTheirSteps) { expectAgreement(compare::paths, {0}); }
 TEST(Properties, ExtensionsFollowTheirSteps) { expectAgreement(compare::extensions, {0}); }
 TEST(Properties, FolderLevelsFollowTheirSteps) { expectAgreement(compare::folderLevels, {0}); }
+TEST(Properties, EscapesFollowTheirSteps) { expectAgreement(compare::escapes, {0}); }
+TEST(Properties, KeysOfControlsFollowTheirSteps) { expectAgreement(compare::controlKeys, {0}); }
+TEST(Properties, MessagesFollowTheirSteps) { expectAgreement(compare::messages, {0}); }
 TEST(Properties, AmountsFollowTheirSteps) { expectAgreement(compare::amounts, {0}); }
 TEST(Properties, TheBankKeyFollowsItsSteps) { expectAgreement(compare::bankKey, {0}); }
 TEST(Properties, VersionsFollowTheirTable) { expectAgreement(compare::versions, {0}); }

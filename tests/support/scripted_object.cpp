@@ -1,9 +1,10 @@
 #include "support/scripted_object.h"
 
-#include <gtest/gtest.h>
-
 #include <cwchar>
 #include <stdexcept>
+
+#include "support/item_enumerator.h"
+#include "support/named_type.h"
 
 namespace vorla::test {
 namespace {
@@ -13,82 +14,9 @@ constexpr WORD invalidIndex = 381;
 // Identifiers begin where no standard one lies.
 constexpr DISPID firstId = 1000;
 
-// A type of which only the name is known.
-ComPointer<ITypeInfo> typeNamed(const wchar_t* name, TYPEKIND kind) {
-    ComPointer<ICreateTypeLib2> library;
-    ComPointer<ICreateTypeInfo> created;
-    ComPointer<ITypeInfo> type;
-    EXPECT_EQ(S_OK,
-              CreateTypeLib2(sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32, L"unsaved.tlb", library.put()));
-    EXPECT_EQ(S_OK, library->CreateTypeInfo(const_cast<LPOLESTR>(name), kind, created.put()));
-    EXPECT_EQ(S_OK, created->QueryInterface(IID_ITypeInfo, reinterpret_cast<void**>(type.put())));
-    return type;
-}
-
-// The number of the exception that is still to be filled in. The caller asks at once, on the same thread.
-WORD deferredNumber = 0;
-
-HRESULT STDMETHODCALLTYPE fillIn(EXCEPINFO* exception) {
-    exception->wCode = deferredNumber;
-    exception->bstrDescription = SysAllocString(L"filled in later");
-    return S_OK;
-}
-
-HRESULT give(const ComPointer<ITypeInfo>& type, ITypeInfo** asked) {
-    *asked = type.get();
-    if (!type) return E_FAIL;
-    type->AddRef();
-    return S_OK;
-}
-
 }  // namespace
 
-// One walk over the items. Lives on the heap, as hosts' enumerators do, and keeps its collection.
-class ScriptedObject::Enumerator final : public IEnumVARIANT {
-public:
-    explicit Enumerator(ScriptedObject& owner) : owner_(owner) { owner_.AddRef(); }
-    ~Enumerator() { owner_.Release(); }
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
-        *object = nullptr;
-        if (id != IID_IUnknown && id != IID_IEnumVARIANT) return E_NOINTERFACE;
-        *object = static_cast<IEnumVARIANT*>(this);
-        AddRef();
-        return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const auto left = --references_;
-        if (left == 0) delete this;
-        return left;
-    }
-    HRESULT STDMETHODCALLTYPE Next(ULONG count, VARIANT* values, ULONG* fetched) override {
-        owner_.log_.push_back(L"next");
-        if (const auto* failure = owner_.orderedFailure()) return failure->code;
-        ULONG given = 0;
-        for (; given < count && position_ < owner_.items_.size(); ++given)
-            values[given] = Variant(owner_.items_[position_++]).detach();
-        if (fetched) *fetched = given;
-        return given == count ? S_OK : S_FALSE;
-    }
-    HRESULT STDMETHODCALLTYPE Skip(ULONG) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Reset() override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Clone(IEnumVARIANT**) override { return E_NOTIMPL; }
-
-private:
-    ScriptedObject& owner_;
-    std::size_t position_ = 0;
-    ULONG references_ = 1;
-};
-
-void ScriptedObject::Call::store(std::size_t index, Variant value) const {
-    VARIANT& argument = raw(index);
-    if (argument.vt != (VT_BYREF | VT_VARIANT)) throw std::logic_error("not a variable");
-    VariantClear(argument.pvarVal);
-    *argument.pvarVal = value.detach();
-}
-
-HRESULT ScriptedObject::ClassInfo::GetClassInfo(ITypeInfo** type) { return give(owner_.class_, type); }
+HRESULT ScriptedObject::ClassInfo::GetClassInfo(ITypeInfo** type) { return test::give(owner_.class_, type); }
 
 ScriptedObject::ScriptedObject(Variant defaultValue) {
     readOnly(L"(default)", std::move(defaultValue)).defaultMember(L"(default)");
@@ -156,17 +84,17 @@ ScriptedObject& ScriptedObject::interfaceName(const wchar_t* name) {
 }
 
 ScriptedObject& ScriptedObject::failCall(int number, HRESULT code) {
-    failures_[calls_ + number] = {code};
+    record_.fail(number, {code});
     return *this;
 }
 
 ScriptedObject& ScriptedObject::failCallWithNumber(int number, WORD errorNumber) {
-    failures_[calls_ + number] = {DISP_E_EXCEPTION, errorNumber};
+    record_.fail(number, {DISP_E_EXCEPTION, errorNumber});
     return *this;
 }
 
 ScriptedObject& ScriptedObject::failCallDeferred(int number, WORD errorNumber) {
-    failures_[calls_ + number] = {DISP_E_EXCEPTION, errorNumber, true};
+    record_.fail(number, {DISP_E_EXCEPTION, errorNumber, true});
     return *this;
 }
 
@@ -180,12 +108,6 @@ Variant& ScriptedObject::value(const wchar_t* name, std::size_t index) {
     return known(name).values.at(index);
 }
 
-std::size_t ScriptedObject::logged(const std::wstring& beginning) const {
-    std::size_t count = 0;
-    for (const auto& line : log_) count += line.starts_with(beginning);
-    return count;
-}
-
 ScriptedObject::Member* ScriptedObject::find(std::wstring_view name) {
     for (Member& member : members_)
         if (member.name.size() == name.size() && _wcsnicmp(member.name.data(), name.data(), name.size()) == 0)
@@ -197,30 +119,6 @@ ScriptedObject::Member& ScriptedObject::known(const wchar_t* name) {
     auto* const member = find(name);
     if (!member) throw std::logic_error("no such member in the script");
     return *member;
-}
-
-const ScriptedObject::Failure* ScriptedObject::orderedFailure() {
-    const auto ordered = failures_.find(++calls_);
-    return ordered == failures_.end() ? nullptr : &ordered->second;
-}
-
-HRESULT ScriptedObject::raise(EXCEPINFO* exception, const Failure& failure) {
-    const bool reported = failure.number != 0 || HRESULT_FACILITY(failure.code) == FACILITY_CONTROL;
-    if (!reported) return failure.code;
-    if (exception) {
-        *exception = {};
-        if (failure.deferred) {
-            deferredNumber = failure.number;
-            exception->pfnDeferredFillIn = &fillIn;
-            return DISP_E_EXCEPTION;
-        }
-        exception->wCode = failure.number;
-        exception->scode = failure.number != 0 ? 0 : failure.code;
-        // The caller owns these; a test that counts memory sees whether it frees them.
-        exception->bstrSource = SysAllocString(L"ScriptedObject");
-        exception->bstrDescription = SysAllocString(L"ordered by the test");
-    }
-    return DISP_E_EXCEPTION;
 }
 
 HRESULT ScriptedObject::QueryInterface(REFIID id, void** object) {
@@ -244,7 +142,7 @@ HRESULT ScriptedObject::GetTypeInfo(UINT index, LCID, ITypeInfo** type) {
 
 HRESULT ScriptedObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
     if (count != 1) return E_INVALIDARG;
-    log_.push_back(L"lookup " + std::wstring(names[0]));
+    record_.note(L"lookup " + std::wstring(names[0]));
     ids[0] = DISPID_UNKNOWN;
     if (const auto ordered = failedLookups_.find(++lookups_); ordered != failedLookups_.end())
         return ordered->second;
@@ -254,18 +152,17 @@ HRESULT ScriptedObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
 }
 
 HRESULT ScriptedObject::answer(Member& member, const Call& call, Variant& result) {
-    constexpr WORD putting = DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF;
     if (member.body) {
-        if (call.kind() & putting) return DISP_E_MEMBERNOTFOUND;
+        if (call.isPut()) return DISP_E_MEMBERNOTFOUND;
         // A method of the host is no property, unless the caller says that either will do.
         if (!(call.kind() & DISPATCH_METHOD)) return DISP_E_MEMBERNOTFOUND;
         result = member.body(call);
         return S_OK;
     }
     const std::size_t indices = member.indexed ? 1 : 0;
-    const std::size_t values = call.kind() & putting ? 1 : 0;
+    const std::size_t values = call.isPut() ? 1 : 0;
     if (call.count() != indices + values) return DISP_E_BADPARAMCOUNT;
-    if (!(call.kind() & (putting | DISPATCH_PROPERTYGET))) return DISP_E_MEMBERNOTFOUND;
+    if (!(call.isPut() || (call.kind() & DISPATCH_PROPERTYGET))) return DISP_E_MEMBERNOTFOUND;
     std::size_t index = 0;
     if (member.indexed) {
         Variant number;
@@ -288,27 +185,23 @@ HRESULT ScriptedObject::Invoke(DISPID id, REFIID, LCID locale, WORD kind, DISPPA
     if (id == DISPID_VALUE && default_ != DISPID_UNKNOWN) id = default_;
     const auto number = static_cast<std::size_t>(id - firstId);
     const bool isMember = id >= firstId && number < members_.size();
-    const wchar_t* const verb = kind & DISPATCH_PROPERTYPUTREF ? L"putref "
-                                : kind & DISPATCH_PROPERTYPUT  ? L"put "
-                                : kind & DISPATCH_PROPERTYGET  ? L"get "
-                                                               : L"call ";
     const auto name = isMember               ? members_[number].name
                       : id == DISPID_NEWENUM ? std::wstring(L"(enumerator)")
                       : id == DISPID_VALUE   ? std::wstring(L"(default)")
                                              : std::to_wstring(id);
-    log_.push_back(verb + name);
-    if (const auto* failure = orderedFailure()) return raise(exception, *failure);
+    const Call call(*parameters, kind, locale);
+    if (const auto* failure = record_.noteCall(call.verb() + (L" " + name))) return failure->raise(exception);
 
     if (id == DISPID_NEWENUM && enumerates_) {
         if (!result) return S_OK;
         result->vt = VT_UNKNOWN;
-        result->punkVal = new Enumerator(*this);
+        result->punkVal = new ItemEnumerator(*this, items_, record_, L"next");
         return S_OK;
     }
     if (!isMember) return DISP_E_MEMBERNOTFOUND;
     Variant given;
-    const auto code = answer(members_[number], Call(*parameters, kind, locale), given);
-    if (FAILED(code)) return raise(exception, {code});
+    const auto code = answer(members_[number], call, given);
+    if (FAILED(code)) return HostFailure{code}.raise(exception);
     if (result) *result = given.detach();
     return S_OK;
 }

@@ -12,6 +12,7 @@
 
 #include "frame/values/unique_handle.h"
 #include "frame/values/variant.h"
+#include "support/host_call.h"
 
 namespace vorla::test {
 
@@ -24,27 +25,7 @@ namespace vorla::test {
 /// "(enumerator)".
 class ScriptedObject : public IDispatch {
 public:
-    /// What a call brings, in the order in which the caller wrote it. Arguments by reference can be stored.
-    class Call {
-    public:
-        Call(DISPPARAMS& parameters, WORD kind, LCID locale)
-            : parameters_(parameters), kind_(kind), locale_(locale) {}
-
-        std::size_t count() const { return parameters_.cArgs; }
-        VariantView argument(std::size_t index) const { return raw(index); }
-        bool isByReference(std::size_t index) const { return (raw(index).vt & VT_BYREF) != 0; }
-        void store(std::size_t index, Variant value) const;
-        WORD kind() const { return kind_; }
-        LCID locale() const { return locale_; }
-
-    private:
-        VARIANT& raw(std::size_t index) const { return parameters_.rgvarg[parameters_.cArgs - 1 - index]; }
-
-        DISPPARAMS& parameters_;
-        WORD kind_;
-        LCID locale_;
-    };
-
+    using Call = HostCall;
     using Method = std::function<Variant(const Call&)>;
 
     /// How a collection lets its items be walked.
@@ -87,10 +68,10 @@ public:
     Variant& value(const wchar_t* name);
     Variant& value(const wchar_t* name, std::size_t index);
 
-    const std::vector<std::wstring>& log() const { return log_; }
-    void clearLog() { log_.clear(); }
+    const std::vector<std::wstring>& log() const { return record_.log(); }
+    void clearLog() { record_.clearLog(); }
     /// How many lines begin with this.
-    std::size_t logged(const std::wstring& beginning) const;
+    std::size_t logged(const std::wstring& beginning) const { return record_.logged(beginning); }
 
     long references() const { return references_; }
 
@@ -105,8 +86,6 @@ public:
                                      VARIANT* result, EXCEPINFO* exception, UINT* badArgument) override;
 
 private:
-    class Enumerator;
-
     // Tells the class; a part of this object.
     class ClassInfo final : public IProvideClassInfo {
     public:
@@ -131,19 +110,10 @@ private:
         std::int32_t firstIndex = 0;
     };
 
-    struct Failure {
-        HRESULT code;
-        WORD number = 0;
-        bool deferred = false;
-    };
-
     Member& add(const wchar_t* name);
     Member* find(std::wstring_view name);
     Member& known(const wchar_t* name);
     HRESULT answer(Member& member, const Call& call, Variant& result);
-    static HRESULT raise(EXCEPINFO* exception, const Failure& failure);
-    /// Counts one call; the failure that was ordered for it, or null.
-    const Failure* orderedFailure();
 
     std::vector<Member> members_;
     std::vector<Variant> items_;
@@ -152,11 +122,9 @@ private:
     ComPointer<ITypeInfo> class_;
     ComPointer<ITypeInfo> interface_;
     ClassInfo classInfo_{*this};
-    std::map<int, Failure> failures_;
-    int calls_ = 0;
+    CallRecord record_;
     std::map<int, HRESULT> failedLookups_;
     int lookups_ = 0;
-    std::vector<std::wstring> log_;
     long references_ = 0;
 };
 

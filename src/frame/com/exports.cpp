@@ -1,4 +1,4 @@
-// The four entry points of the component.
+// The four entry points of the component, and what Windows tells it of the host's threads.
 #include <windows.h>
 
 #include <new>
@@ -7,6 +7,7 @@
 #include "frame/com/module.h"
 #include "frame/com/registration.h"
 #include "frame/contract/catalogue.h"
+#include "frame/values/per_thread.h"
 
 using namespace vorla;
 
@@ -29,3 +30,15 @@ extern "C" HRESULT STDAPICALLTYPE DllRegisterServer() {
 }
 
 extern "C" HRESULT STDAPICALLTYPE DllUnregisterServer() { return registration::remove(vorla6, catalogue()); }
+
+// The language runtime's memory for exceptions when there is no other. It is never given back otherwise, so
+// that a host that loads and unloads the component would lose it each time.
+namespace __gnu_cxx {
+void __freeres();
+}
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void* processEnds) {
+    if (reason == DLL_THREAD_DETACH) PerThreadStates::threadEnds();
+    if (reason == DLL_PROCESS_DETACH && !processEnds) __gnu_cxx::__freeres();
+    return TRUE;
+}

@@ -1,6 +1,7 @@
 #include "frame/host/bound_object.h"
 
 #include "frame/host/member_names.h"
+#include "frame/values/failure.h"
 #include "frame/values/invocation.h"
 #include "frame/values/unique_handle.h"
 
@@ -58,6 +59,13 @@ HRESULT BoundObject::find(const wchar_t* name, DISPID& found) {
 bool BoundObject::knows(const wchar_t* name) {
     DISPID found;
     return object_ && SUCCEEDED(find(name, found));
+}
+
+bool BoundObject::hasProperty(const wchar_t* name) {
+    return endOnError(false, [&] {
+        run(id(name), DISPATCH_PROPERTYGET);
+        return true;
+    });
 }
 
 DISPID BoundObject::id(const wchar_t* name) {

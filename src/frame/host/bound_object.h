@@ -71,6 +71,9 @@ public:
     /// Whether the object knows the name. Nothing is read or called; Nothing knows none.
     bool knows(const wchar_t* name);
 
+    /// Whether the property can be read. It is really read, and as a property: a method is none.
+    bool hasProperty(const wchar_t* name);
+
     /// A property's value, an indexed property's with its indices. Hosts do not tell a property that is read
     /// from a function that is called, so either answers.
     template <class... Indices>

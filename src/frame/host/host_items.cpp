@@ -42,8 +42,9 @@ bool HostItems::next(Variant& item) {
 
 bool HostItems::nextByNumber(Variant& item) {
     if (given_ >= count_) return false;
-    item = given_ == 0 ? first() : numbered(base_ + given_);
-    ++given_;
+    // Counted whether or not the host hands it over, so that a walk can go on behind it.
+    const auto index = given_++;
+    item = index == 0 ? first() : numbered(base_ + index);
     return true;
 }
 

@@ -20,7 +20,9 @@ class HostItems {
 public:
     explicit HostItems(HostObject collection);
 
-    /// Puts the next item into `item`. False, with `item` Empty, when there is none left.
+    /// Puts the next item into `item`. False, with `item` Empty, when there is none left. After a failure the
+    /// next call goes on: behind the item when items are asked for by number, where the host's enumerator is
+    /// when it has one.
     bool next(Variant& item);
 
 private:

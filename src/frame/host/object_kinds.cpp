@@ -44,10 +44,16 @@ bool isHostForm(const HostObject& object) {
            !form.knows(L"Container");
 }
 
-bool isCheckBox(const HostObject& object) { return typeName(object) == L"CheckBox"; }
-bool isOptionButton(const HostObject& object) { return typeName(object) == L"OptionButton"; }
-bool isTextBox(const HostObject& object) { return typeName(object) == L"TextBox"; }
-bool isComboBox(const HostObject& object) { return typeName(object) == L"ComboBox"; }
-bool isListBox(const HostObject& object) { return typeName(object) == L"ListBox"; }
+bool isCheckBox(TextView typeName) { return typeName == L"CheckBox"; }
+bool isOptionButton(TextView typeName) { return typeName == L"OptionButton"; }
+bool isTextBox(TextView typeName) { return typeName == L"TextBox"; }
+bool isComboBox(TextView typeName) { return typeName == L"ComboBox"; }
+bool isListBox(TextView typeName) { return typeName == L"ListBox"; }
+
+bool isCheckBox(const HostObject& object) { return isCheckBox(typeName(object)); }
+bool isOptionButton(const HostObject& object) { return isOptionButton(typeName(object)); }
+bool isTextBox(const HostObject& object) { return isTextBox(typeName(object)); }
+bool isComboBox(const HostObject& object) { return isComboBox(typeName(object)); }
+bool isListBox(const HostObject& object) { return isListBox(typeName(object)); }
 
 }  // namespace vorla

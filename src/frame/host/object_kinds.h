@@ -14,7 +14,13 @@ Text typeName(const HostObject& object);
 /// Names are looked up, nothing is read. Nothing is no form.
 bool isHostForm(const HostObject& object);
 
-/// The host's own controls, by their class's name.
+/// The host's own controls, by their class's name. Who asks more than once about an object takes its
+/// typeName() once.
+bool isCheckBox(TextView typeName);
+bool isOptionButton(TextView typeName);
+bool isTextBox(TextView typeName);
+bool isComboBox(TextView typeName);
+bool isListBox(TextView typeName);
 bool isCheckBox(const HostObject& object);
 bool isOptionButton(const HostObject& object);
 bool isTextBox(const HostObject& object);

@@ -1,0 +1,165 @@
+#include "language/form_translation.h"
+
+#include <windows.h>
+
+#include "frame/declarations/host_queries.h"
+#include "frame/declarations/profile.h"
+#include "frame/host/bound_object.h"
+#include "frame/host/host_items.h"
+#include "frame/host/object_kinds.h"
+#include "frame/values/conversions.h"
+#include "frame/values/failure.h"
+#include "language/language_format.h"
+#include "language/language_store.h"
+
+namespace vorla::language {
+namespace {
+
+Text nameOf(BoundObject& object) { return object.getAs<Text>(L"Name"); }
+
+// Hosts number the members of control arrays; a single control's index is empty or cannot be read.
+Text indexOf(BoundObject& control) {
+    Text index;
+    step([&] { index = control.getAs<Text>(L"Index"); });
+    return index;
+}
+
+Text tagOf(BoundObject& object) { return object.getAs<Text>(L"Tag"); }
+
+// Controls that come from elsewhere give their colours without a sign.
+std::int32_t colourOf(BoundObject& object) {
+    const auto colour = object.get(L"BackColor");
+    if (colour.view().type() == VT_UI4) return static_cast<std::int32_t>(colour.view().raw().ulVal);
+    return converted(colour.view(), VT_I4).raw().lVal;
+}
+
+bool hasTitleBar(BoundObject& form) {
+    const auto window = reinterpret_cast<HWND>(INT_PTR{form.getAs<std::int32_t>(L"hwnd")});
+    return (GetWindowLongA(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
+}
+
+// Visits the controls of a form. One that the host fails to hand over is passed by; a host that fails again
+// and again has no more.
+template <class Visit>
+void forEachControl(BoundObject& form, Visit&& visit) {
+    constexpr int patience = 100;
+    step([&] {
+        HostItems controls(form.knows(L"Controls") ? form.getObject(L"Controls") : form.object());
+        for (int failures = 0; failures < patience;) {
+            Variant item;
+            bool found = false;
+            if (!step([&] { found = controls.next(item); })) {
+                ++failures;
+                continue;
+            }
+            if (!found) return;
+            failures = 0;
+            step([&] {
+                BoundObject control(item.view());
+                visit(control);
+            });
+        }
+    });
+}
+
+bool isResizable(TextView type) {
+    return isOptionButton(type) || isCheckBox(type) || type == L"SSOption" || type == L"SSCheck";
+}
+
+// Users write and choose in these: they keep the colour of windows.
+bool hasWindowColour(TextView type) {
+    return isTextBox(type) || isComboBox(type) || isListBox(type) || type == L"MaskEdBox";
+}
+
+void fit(BoundObject& control, BoundObject& label, TextView text) {
+    constexpr std::int16_t twips = 1;
+    constexpr std::int16_t boxAndGap = 330;  // twips: the box or circle, and the gap before the text
+    label.putRef(L"Font", control.getObject(L"Font"));
+    label.putDefault(text);
+    BoundObject container(label.getObject(L"Container"));
+    const auto scale = ScaleModeConteneur(control.object());
+    const auto scaled = [&](const auto& length, const auto& from) {
+        return converted(container.call(L"ScaleX", length, from, scale).view(), VT_R8).raw().dblVal;
+    };
+    const double box = scaled(boxAndGap, twips);
+    control.put(L"Width", scaled(label.get(L"Width"), container.get(L"ScaleMode")) + box);
+    control.put(L"Caption", text);
+}
+
+void loadTitle(BoundObject& form) {
+    if (!hasTitleBar(form)) return;
+    const auto name = nameOf(form);
+    const auto text = LngReadValue(name, controlKey(name, {}, L"Caption"));
+    if (!text.empty()) form.put(L"Caption", text);
+}
+
+void colourForm(BoundObject& form, const Theme& theme) {
+    const auto tag = theme.applies ? tagOf(form) : Text();
+    if (const auto colour = formColour(theme, colourOf(form), tag)) form.put(L"BackColor", *colour);
+}
+
+void loadTexts(BoundObject& control, TextView section) {
+    const auto index = indexOf(control);
+    for (const TextView property : properties) {
+        const auto name = property.data();
+        step([&] {
+            if (!control.hasProperty(name)) return;
+            const auto text = LngReadValue(section, controlKey(nameOf(control), index, property));
+            if (!text.empty()) control.put(name, text);
+        });
+    }
+}
+
+void loadControl(BoundObject& control, BoundObject& label, TextView section, const FormLoading& wanted) {
+    const auto type = typeName(control.object());
+    if (wanted.texts) {
+        loadTexts(control, section);
+        step([&] {
+            if (!isResizable(type) || (isCheckBox(type) && keepsWidth(tagOf(control)))) return;
+            fit(control, label, control.getAs<Text>(L"Caption"));
+        });
+    }
+    if (!wanted.colours) return;
+    step([&] {
+        const auto colour =
+            controlColour(wanted.theme, colourOf(control), tagOf(control), hasWindowColour(type));
+        if (colour) control.put(L"BackColor", *colour);
+    });
+}
+
+// Writes one text of a form, when there is one.
+void saveText(BoundObject& form, TextView file, BoundObject& object, TextView index, TextView property) {
+    const auto text = object.getAs<Text>(property.data());
+    if (text.empty()) return;
+    constexpr bool oem = false;
+    IniEcriture(file, nameOf(form), controlKey(nameOf(object), index, property), escaped(text), oem);
+}
+
+}  // namespace
+
+void loadForm(const HostObject& form, const HostObject& label, const FormLoading& wanted) {
+    BoundObject loaded(form), measuring(label);
+    if (wanted.texts) step([&] { loadTitle(loaded); });
+    if (wanted.colours) step([&] { colourForm(loaded, wanted.theme); });
+    Text section(wanted.section);
+    if (section.empty()) step([&] { section = nameOf(loaded); });
+    forEachControl(loaded, [&](BoundObject& control) { loadControl(control, measuring, section, wanted); });
+}
+
+void saveForm(const HostObject& form, TextView file) {
+    BoundObject saved(form);
+    step([&] { saveText(saved, file, saved, {}, L"Caption"); });
+    forEachControl(saved, [&](BoundObject& control) {
+        const auto index = indexOf(control);
+        for (const TextView property : properties)
+            step([&] { saveText(saved, file, control, index, property); });
+    });
+}
+
+void fitToText(const HostObject& control, const HostObject& label, TextView text) {
+    if (!isResizable(typeName(control))) return;
+    BoundObject fitted(control), measuring(label);
+    fit(fitted, measuring, text);
+}
+
+}  // namespace vorla::language

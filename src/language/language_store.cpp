@@ -1,0 +1,37 @@
+#include "language/language_store.h"
+
+#include "frame/declarations/fields.h"
+#include "frame/declarations/profile.h"
+#include "frame/values/failure.h"
+#include "frame/values/per_thread.h"
+#include "language/language_format.h"
+
+namespace vorla {
+namespace {
+
+PerThread<LanguageStore> stores;
+
+}  // namespace
+
+LanguageStore& languageStore() { return stores.mine(); }
+
+bool isLanguageSelected() {
+    return endOnError(false, [] { return !languageStore().file.empty(); });
+}
+
+Text languageFile(TextView code) {
+    return languageStore().folder + Text(code) + Text(language::fileExtension);
+}
+
+Text LngReadValue(TextView Section, TextView Cle) {
+    return endOnError(Text(), [&] {
+        // What Windows takes for empty: blanks do not count, nor what stands behind a NUL.
+        if (!isLanguageSelected() || trimmed(TronqueNul(Cle)).empty()) return Text();
+        constexpr bool oem = false;
+        auto value = IniLecture(languageStore().file, Section, Cle, {}, oem);
+        if (value.empty()) value = IniLecture(languageFile(language::defaultCode), Section, Cle, {}, oem);
+        return language::unescaped(value);
+    });
+}
+
+}  // namespace vorla

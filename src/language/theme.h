@@ -1,0 +1,33 @@
+// Which forms and controls get the application's colours.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "frame/values/text.h"
+
+namespace vorla::language {
+
+/// The system's colour of buttons, as hosts write it.
+inline constexpr std::int32_t buttonFace = INT32_MIN + 15;  // &H8000000F
+
+struct Theme {
+    bool applies = false;
+    std::int32_t back = 0;
+    std::int32_t tabBack = 0;
+    std::int32_t marked = 0;  // what has this colour is to be themed
+};
+
+/// The new colour of a form; none when it keeps its own. A form with "**C**" in its tag gets the button
+/// colour instead of the theme's: hosts rely on it, though a control so tagged is left alone.
+std::optional<std::int32_t> formColour(const Theme& theme, std::int32_t present, TextView tag);
+
+/// The new colour of a control; none when it keeps its own. `hasWindowColour` for the kinds that users write
+/// and choose in, which keep it whatever their tag.
+std::optional<std::int32_t> controlColour(const Theme& theme, std::int32_t present, TextView tag,
+                                          bool hasWindowColour);
+
+/// Whether the tag exempts a check box from being resized to its text.
+bool keepsWidth(TextView tag);
+
+}  // namespace vorla::language

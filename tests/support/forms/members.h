@@ -1,0 +1,166 @@
+// The members of a class of host objects, as a table: a name, and what reads, writes or calls it.
+#pragma once
+
+#include <windows.h>
+
+#include <concepts>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "frame/host/host_reference.h"
+#include "frame/values/conversions.h"
+#include "support/host_call.h"
+
+namespace vorla::forms {
+
+class Object;
+using test::HostCall;
+
+/// A property's C++ value as the caller sees it: a float is a single, everything else what Variant makes of
+/// it.
+template <class Value>
+Variant toHost(const Value& value) {
+    return Variant(value);
+}
+inline Variant toHost(const Text& value) { return Variant(TextView(value)); }
+Variant toHost(float value);
+Variant toHost(IDispatch* value);
+template <class Interface>
+Variant toHost(const HostReference<Interface>& value) {
+    return toHost(static_cast<IDispatch*>(value.get()));
+}
+
+/// The interface of an object that the caller gives; Nothing is one. Errors: 424 for what is no object, 13
+/// for an object of another kind.
+void* interfaceIn(VariantView value, REFIID id);
+
+template <class Value>
+struct FromHost;
+template <class Interface>
+struct FromHost<HostReference<Interface>> {
+    static HostReference<Interface> of(VariantView value) {
+        HostReference<Interface> object(static_cast<Interface*>(interfaceIn(value, __uuidof(Interface))));
+        if (object) object.get()->Release();  // the reference that came with the question
+        return object;
+    }
+};
+
+/// What the caller gives, as the property's C++ type. Errors as conversions: 13, 94, 6.
+template <class Value>
+Value fromHost(VariantView value) {
+    if constexpr (std::same_as<Value, bool>) {
+        return converted(value, VT_BOOL).raw().boolVal != VARIANT_FALSE;
+    } else if constexpr (std::same_as<Value, std::int16_t>) {
+        return converted(value, VT_I2).raw().iVal;
+    } else if constexpr (std::same_as<Value, std::int32_t>) {
+        return converted(value, VT_I4).raw().lVal;
+    } else if constexpr (std::same_as<Value, float>) {
+        return converted(value, VT_R4).raw().fltVal;
+    } else if constexpr (std::same_as<Value, Text>) {
+        return Text(ValueText(value).view());
+    } else {
+        return FromHost<Value>::of(value);
+    }
+}
+
+/// What can be done with one name. Indices of a property stand before its value.
+struct Member {
+    using Body = std::function<Variant(Object&, const HostCall&)>;
+
+    std::wstring name;
+    Body get, put, call;
+};
+
+/// Built once for each class; a derived class begins with a copy of its base's.
+///
+///     Members(Control::table()).property(L"Caption", &Label::caption,
+///     &Label::setCaption).byDefault(L"Caption")
+class Members {
+public:
+    template <class Class, class Value>
+    Members& readOnly(const wchar_t* name, Value (Class::*get)() const) {
+        add(name).get = [get](Object& object, const HostCall& call) {
+            expectArguments(call, 0);
+            return toHost((static_cast<Class&>(object).*get)());
+        };
+        return *this;
+    }
+
+    template <class Reading, class Value, class Class, class Given>
+    Members& property(const wchar_t* name, Value (Reading::*get)() const, void (Class::*put)(Given)) {
+        readOnly(name, get);
+        last().put = [put](Object& object, const HostCall& call) {
+            expectArguments(call, 1);
+            (static_cast<Class&>(object).*put)(fromHost<std::remove_cvref_t<Given>>(call.argument(0)));
+            return Variant();
+        };
+        return *this;
+    }
+
+    /// A property with one index.
+    template <class Class, class Value, class Given>
+    Members& property(const wchar_t* name, Value (Class::*get)(std::int32_t) const,
+                      void (Class::*put)(std::int32_t, Given)) {
+        auto& member = add(name);
+        member.get = [get](Object& object, const HostCall& call) {
+            expectArguments(call, 1);
+            return toHost((static_cast<Class&>(object).*get)(fromHost<std::int32_t>(call.argument(0))));
+        };
+        member.put = [put](Object& object, const HostCall& call) {
+            expectArguments(call, 2);
+            (static_cast<Class&>(object).*put)(fromHost<std::int32_t>(call.argument(0)),
+                                               fromHost<std::remove_cvref_t<Given>>(call.argument(1)));
+            return Variant();
+        };
+        return *this;
+    }
+
+    /// A property that is only kept.
+    template <class Class, class Value>
+    Members& field(const wchar_t* name, Value Class::*kept) {
+        auto& member = add(name);
+        member.get = [kept](Object& object, const HostCall& call) {
+            expectArguments(call, 0);
+            return toHost(static_cast<Class&>(object).*kept);
+        };
+        member.put = [kept](Object& object, const HostCall& call) {
+            expectArguments(call, 1);
+            static_cast<Class&>(object).*kept = fromHost<Value>(call.argument(0));
+            return Variant();
+        };
+        return *this;
+    }
+
+    template <class Class>
+    Members& method(const wchar_t* name, Variant (Class::*body)(const HostCall&)) {
+        add(name).call = [body](Object& object, const HostCall& call) {
+            return (static_cast<Class&>(object).*body)(call);
+        };
+        return *this;
+    }
+
+    /// This name's member is the default one too.
+    Members& byDefault(const wchar_t* name);
+
+    /// The member's place in the table, by its name in any case; -1 when there is none.
+    std::ptrdiff_t find(std::wstring_view name) const;
+    std::ptrdiff_t defaultMember() const { return default_; }
+    std::size_t count() const { return members_.size(); }
+    const Member& at(std::size_t place) const { return members_[place]; }
+
+    /// Error 450 for another number of arguments.
+    static void expectArguments(const HostCall& call, std::size_t count);
+
+private:
+    /// A name that the base has is given its new meaning.
+    Member& add(const wchar_t* name);
+    Member& last() { return members_[last_]; }
+
+    std::vector<Member> members_;
+    std::size_t last_ = 0;
+    std::ptrdiff_t default_ = -1;
+};
+
+}  // namespace vorla::forms

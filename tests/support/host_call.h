@@ -1,0 +1,80 @@
+// What the objects of a test's host have in common: a call as it arrives, the record of all calls, and the
+// failures that a test orders for some of them.
+#pragma once
+
+#include <windows.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "frame/values/variant.h"
+
+namespace vorla::test {
+
+/// What a call brings, in the order in which the caller wrote it. Arguments by reference can be stored.
+class HostCall {
+public:
+    HostCall(DISPPARAMS& parameters, WORD kind, LCID locale)
+        : parameters_(parameters), kind_(kind), locale_(locale) {}
+
+    std::size_t count() const { return parameters_.cArgs; }
+    VariantView argument(std::size_t index) const { return raw(index); }
+    bool isByReference(std::size_t index) const { return (raw(index).vt & VT_BYREF) != 0; }
+    void store(std::size_t index, Variant value) const;
+    WORD kind() const { return kind_; }
+    LCID locale() const { return locale_; }
+
+    bool isPut() const { return (kind_ & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0; }
+    /// "get", "put", "putref" or "call". Reading a property as hosts do, as a property or a function, is a
+    /// "get".
+    const wchar_t* verb() const;
+
+private:
+    VARIANT& raw(std::size_t index) const { return parameters_.rgvarg[parameters_.cArgs - 1 - index]; }
+
+    DISPPARAMS& parameters_;
+    WORD kind_;
+    LCID locale_;
+};
+
+/// A failure of the host: a code, or an exception that carries an error's number.
+struct HostFailure {
+    HRESULT code;
+    WORD number = 0;
+    bool deferred = false;  // the exception is filled in only when the caller asks for it
+
+    /// What Invoke answers. Codes 0x800Axxxx come as an exception's `scode`, numbers as its `wCode`.
+    HRESULT raise(EXCEPINFO* exception) const;
+};
+
+/// The log, one line for each call from outside in order, and the failures to come.
+class CallRecord {
+public:
+    /// The `number`-th call from now (1 is the next) fails.
+    void fail(int number, HostFailure failure) { failures_[calls_ + number] = failure; }
+    /// Every call that is logged as this line fails, from now until the record is cleared.
+    void failEvery(const std::wstring& line, HostFailure failure) { failing_[line] = failure; }
+    /// Orders no failure any longer and forgets the log.
+    void clear();
+
+    /// A line that is no call: names that are only looked up never fail by order.
+    void note(std::wstring line) { log_.push_back(std::move(line)); }
+    /// A call; the failure that was ordered for it, or null.
+    const HostFailure* noteCall(std::wstring line);
+
+    const std::vector<std::wstring>& log() const { return log_; }
+    void clearLog() { log_.clear(); }
+    /// How many lines begin with this.
+    std::size_t logged(const std::wstring& beginning) const;
+    /// How many calls there were, lookups not counted.
+    int calls() const { return calls_; }
+
+private:
+    std::vector<std::wstring> log_;
+    std::map<int, HostFailure> failures_;
+    std::map<std::wstring, HostFailure> failing_;
+    int calls_ = 0;
+};
+
+}  // namespace vorla::test

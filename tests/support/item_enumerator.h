@@ -1,0 +1,42 @@
+// The enumerator of a test host's collection.
+#pragma once
+
+#include <oaidl.h>
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+#include "support/host_call.h"
+
+namespace vorla::test {
+
+/// One walk over the items that a collection has when it begins. Lives on the heap, as hosts' enumerators
+/// do, and keeps its collection. Each item asked for is a call of the record, logged as the given line.
+class ItemEnumerator final : public IEnumVARIANT {
+public:
+    ItemEnumerator(IUnknown& collection, std::vector<Variant> items, CallRecord& record, std::wstring line)
+        : collection_(collection), items_(std::move(items)), record_(record), line_(std::move(line)) {
+        collection_.AddRef();
+    }
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
+    ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
+    ULONG STDMETHODCALLTYPE Release() override;
+    HRESULT STDMETHODCALLTYPE Next(ULONG count, VARIANT* values, ULONG* fetched) override;
+    HRESULT STDMETHODCALLTYPE Skip(ULONG) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE Reset() override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE Clone(IEnumVARIANT**) override { return E_NOTIMPL; }
+
+private:
+    ~ItemEnumerator() { collection_.Release(); }
+
+    IUnknown& collection_;
+    const std::vector<Variant> items_;
+    CallRecord& record_;
+    const std::wstring line_;
+    std::size_t position_ = 0;
+    ULONG references_ = 1;
+};
+
+}  // namespace vorla::test

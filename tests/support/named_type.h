@@ -1,0 +1,16 @@
+// Types of which only the name is known, for objects that tell what they are.
+#pragma once
+
+#include <oaidl.h>
+#include <windows.h>
+
+#include "frame/values/unique_handle.h"
+
+namespace vorla::test {
+
+ComPointer<ITypeInfo> typeNamed(const wchar_t* name, TYPEKIND kind);
+
+/// Hands out one more reference to the type; E_FAIL when there is none.
+HRESULT give(const ComPointer<ITypeInfo>& type, ITypeInfo** asked);
+
+}  // namespace vorla::test
