@@ -342,7 +342,9 @@ private:
             missingRequired |= given[i].shape == Shape::missingValue && !variant && !parameter.optional;
         }
         if (convertedReference && theirs.code == DISP_E_TYPEMISMATCH) return Difference::typedByReference;
-        if (valueGiven && (theirs.code == DISP_E_TYPEMISMATCH || theirs.code == DISP_E_OVERFLOW))
+        // Nothing is refused as a type that is none.
+        if (valueGiven && (theirs.code == DISP_E_TYPEMISMATCH || theirs.code == DISP_E_OVERFLOW ||
+                           theirs.code == DISP_E_BADVARTYPE))
             return Difference::valueForReference;
         if (storedReference) return Difference::variantByReference;
         if (missingHandedOn && theirs.code == DISP_E_TYPEMISMATCH) return Difference::missingInVariable;

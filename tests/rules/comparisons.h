@@ -165,35 +165,6 @@ inline Comparison extensions(Arguments& arguments) {
                     outcomeOf([&] { return naive::withExtension(path, old, wanted); }));
 }
 
-// A disk on which every folder up to the `existing`-th character exists, and nothing is created that ends at
-// the `refused`-th or later.
-inline Comparison levelsOf(const Text& folder, std::size_t existing, std::size_t refused) {
-    const auto drive = naive::decoupeChemin(folder, 6, false).size();
-    const auto asked = [&] {
-        Text result;
-        createMissingLevels(
-            folder, drive, [&](TextView path) { return path.size() <= existing; },
-            [&](TextView path) {
-                result += Text(path) + L"|";
-                return path.size() + 1 < refused;
-            });
-        return result;
-    };
-    return compared(call("createMissingLevels", folder, drive, existing, refused), outcomeOf(asked),
-                    outcomeOf([&] {
-                        return naive::createdLevels(folder, static_cast<long>(drive),
-                                                    static_cast<long>(existing), static_cast<long>(refused));
-                    }));
-}
-
-inline Comparison folderLevels(Arguments& arguments) {
-    const TextView beginnings[] = {L"", L"C:\\", L"\\\\s\\h\\", L"\\\\", L"C:"};
-    const Text folder = Text(beginnings[arguments.byte() % std::size(beginnings)]) +
-                        arguments.text(TextView(L"\\\\ab:.\0", 7), 23) + L"\\";
-    const std::size_t existing = arguments.byte() % 32u;
-    return levelsOf(folder, existing, arguments.byte() % 32u);
-}
-
 // Both ways, and there and back: what was no group before is the text again, and what stands in a file has no
 // line breaks.
 inline Comparison escapes(Arguments& arguments) {
@@ -228,6 +199,35 @@ inline Comparison messages(Arguments& arguments) {
                     outcomeOf([&] { return language::withValue(text, number, value); }), outcomeOf([&] {
                         return naive::replacedEverywhere(text, L"%%" + std::to_wstring(number), value);
                     }));
+}
+
+// A disk on which every folder up to the `existing`-th character exists, and nothing is created that ends at
+// the `refused`-th or later.
+inline Comparison levelsOf(const Text& folder, std::size_t existing, std::size_t refused) {
+    const auto drive = naive::decoupeChemin(folder, 6, false).size();
+    const auto asked = [&] {
+        Text result;
+        createMissingLevels(
+            folder, drive, [&](TextView path) { return path.size() <= existing; },
+            [&](TextView path) {
+                result += Text(path) + L"|";
+                return path.size() + 1 < refused;
+            });
+        return result;
+    };
+    return compared(call("createMissingLevels", folder, drive, existing, refused), outcomeOf(asked),
+                    outcomeOf([&] {
+                        return naive::createdLevels(folder, static_cast<long>(drive),
+                                                    static_cast<long>(existing), static_cast<long>(refused));
+                    }));
+}
+
+inline Comparison folderLevels(Arguments& arguments) {
+    const TextView beginnings[] = {L"", L"C:\\", L"\\\\s\\h\\", L"\\\\", L"C:"};
+    const Text folder = Text(beginnings[arguments.byte() % std::size(beginnings)]) +
+                        arguments.text(TextView(L"\\\\ab:.\0", 7), 23) + L"\\";
+    const std::size_t existing = arguments.byte() % 32u;
+    return levelsOf(folder, existing, arguments.byte() % 32u);
 }
 
 inline Comparison amounts(Arguments& arguments) {
