@@ -51,32 +51,6 @@ std::vector<std::wstring> refusedPaths(const TemporaryFolder& folder) {
             std::wstring(40000, L'x')};
 }
 
-TEST_F(Fichier, membersHaveTheIdentifiersOfTheirPlaces) {
-    const wchar_t* const names[] = {L"NormalisePath",
-                                    L"DeNormalisePath",
-                                    L"ExtraitChemin",
-                                    L"FileNameShortToLong",
-                                    L"FileNameLongToShort",
-                                    L"LectDat",
-                                    L"FileExist",
-                                    L"IsFileExist",
-                                    L"FileType",
-                                    L"FileSize",
-                                    L"SizeToString",
-                                    L"GetFolder",
-                                    L"GetComputer",
-                                    L"GetPrinter",
-                                    L"CreateFolder",
-                                    L"DeleteFile",
-                                    L"RenameFile",
-                                    L"GetTempFileName",
-                                    L"IsFieldEpmty",
-                                    L"CDEjectLoad"};
-    DISPID expected = 0x60030000;
-    for (const wchar_t* name : names) EXPECT_EQ(expected++, idOf(object.get(), name)) << narrow(name);
-    EXPECT_EQ(0x68030000, idOf(object.get(), L"FileDate"));
-}
-
 TEST_F(Fichier, membersAreDescribed) {
     const std::vector<std::wstring> expected{
         L"60030000 BSTR NormalisePath(BSTR Path)",

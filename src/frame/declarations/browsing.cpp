@@ -10,7 +10,6 @@
 #include "frame/declarations/files.h"
 #include "frame/values/ansi.h"
 #include "frame/values/failure.h"
-#include "frame/values/runtime_error.h"
 #include "frame/values/unique_handle.h"
 
 namespace vorla {
