@@ -1,7 +1,9 @@
-' Keeps the choices of a program's user between two runs, shows them, and removes every trace at its end.
+' Keeps the choices of a program's user between two runs, in the registry and in an INI file, and shows both. Of
+' those in the registry it removes every trace at its end.
 '
-'     cscript //nologo settings.vbs
+'     cscript //nologo settings.vbs folder
 '
+' makes settings.ini in the folder anew.
 ' Ends with 0 when every choice was read back as it had been made.
 ' This file is text of Windows-1252, as script hosts read it.
 Option Explicit
@@ -15,6 +17,7 @@ Dim chaine, disagreements
 Set chaine = CreateObject("Vorla6.VorlaChaine")
 disagreements = 0
 ChoicesInRegistry
+ChoicesInFile
 If disagreements = 0 Then
     WScript.Echo "réglages relus"
     WScript.Quit 0
@@ -133,4 +136,51 @@ Sub RemoveKey(registre, path)
         RemoveKey registre, path & "\" & name
     Next
     registre.RegSupprimeCle path
+End Sub
+
+' --- choices in an INI file ---
+
+Sub ChoicesInFile()
+    Dim sys, file, files
+    Set sys = CreateObject("Vorla6.VorlaSystem")
+    Set files = CreateObject("Scripting.FileSystemObject")
+    file = files.BuildPath(WScript.Arguments(0), "settings.ini")
+    If files.FileExists(file) Then files.DeleteFile file
+    WScript.Echo "settings.ini"
+    WScript.Echo "premier lancement"
+    Show "Fenêtre, Largeur", sys.IniLit(file, "Fenêtre", "Largeur", "640"), "640"
+    Show "réglages écrits", WriteChoices(sys, file), True
+    WScript.Echo "deuxième lancement"
+    Show "Général, Titre", sys.IniLit(file, "Général", "Titre", "(sans titre)"), "Facturation de l'été"
+    Show "général, TITRE", sys.IniLit(file, "Général", "TITRE"), "Facturation de l'été"
+    Show "Fenêtre, Largeur", sys.IniLit(file, "Fenêtre", "Largeur", "640"), "800"
+    ' An empty value takes its key out; a key that begins like a comment is never written.
+    Show "Général, Dossier oublié", sys.IniEcrit(file, "Général", "Dossier") <> 0, True
+    Show "Général, Dossier", sys.IniLit(file, "Général", "Dossier", "C:\"), "C:\"
+    sys.IniEcrit file, "Général", ";Essai", "oui"
+    Show "Général, ;Essai", sys.IniLit(file, "Général", ";Essai"), ""
+    ' An empty key takes the whole section out.
+    Show "Récents oubliés", sys.IniEcrit(file, "Récents", "") <> 0, True
+    Show "Récents, 1", sys.IniLit(file, "Récents", "1", "(aucun)"), "(aucun)"
+    WScript.Echo "le fichier"
+    ShowFile files, file
+    WScript.Echo ""
+End Sub
+
+Function WriteChoices(sys, file)
+    WriteChoices = sys.IniEcrit(file, "Général", "Titre", "Facturation de l'été") <> 0
+    WriteChoices = sys.IniEcrit(file, "Général", "Dossier", "C:\Données\2026") <> 0 And WriteChoices
+    WriteChoices = sys.IniEcrit(file, "Général", "Devise", "EUR") <> 0 And WriteChoices
+    WriteChoices = sys.IniEcrit(file, "Fenêtre", "Largeur", "800") <> 0 And WriteChoices
+    WriteChoices = sys.IniEcrit(file, "Récents", "1", "devis.txt") <> 0 And WriteChoices
+End Function
+
+Sub ShowFile(files, file)
+    Const forReading = 1
+    Dim stream
+    Set stream = files.OpenTextFile(file, forReading)
+    Do Until stream.AtEndOfStream
+        WScript.Echo "  " & stream.ReadLine
+    Loop
+    stream.Close
 End Sub
