@@ -13,6 +13,7 @@ add_library(vorla_frame OBJECT
     src/frame/com/module.cpp
     src/frame/com/publication.cpp
     src/frame/com/registration.cpp
+    src/frame/declarations/browsing.cpp
     src/frame/declarations/comparison.cpp
     src/frame/declarations/files.cpp
     src/frame/declarations/host_queries.cpp
@@ -51,6 +52,8 @@ add_library(vorla_classes OBJECT
     src/system/VorlaRegistre.publication.cpp
     src/system/VorlaSystem.cpp
     src/system/VorlaSystem.publication.cpp
+    src/system/drive_tray.cpp
+    src/system/file_dates.cpp
     src/text/VorlaChaine.cpp
     src/text/VorlaChaine.publication.cpp
     src/text/VorlaDate.cpp
@@ -131,3 +134,4 @@ add_subdirectory(tests/registration)
 add_subdirectory(tests/clients)
 add_subdirectory(examples/cpp)
 add_subdirectory(examples/languages)
+add_subdirectory(examples/folders)

@@ -95,6 +95,8 @@ public:
                                               .at = {180, 345 + 375.0f * static_cast<float>(i), 900, 270},
                                               .in = &letters}));
         options[3]->put(L"Value", std::int16_t{1});
+        // What stands on a tab has its colour.
+        for (auto* option : options) option->put(L"Tag", L"**SmartTab**");
 
         add<Label>({.name = L"lblNote", .text = L"Note :", .at = {180, 2865, 1200, 255}});
         add<TextBox>({.name = L"txtNote", .text = L"Livrer le matin.", .at = {1440, 2820, 6360, 315}});

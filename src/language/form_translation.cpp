@@ -141,8 +141,8 @@ void loadForm(const HostObject& form, const HostObject& label, const FormLoading
     BoundObject loaded(form), measuring(label);
     if (wanted.texts) step([&] { loadTitle(loaded); });
     if (wanted.colours) step([&] { colourForm(loaded, wanted.theme); });
-    Text section(wanted.section);
-    if (section.empty()) step([&] { section = nameOf(loaded); });
+    Text section;
+    step([&] { section = wanted.section.empty() ? nameOf(loaded) : Text(wanted.section); });
     forEachControl(loaded, [&](BoundObject& control) { loadControl(control, measuring, section, wanted); });
 }
 

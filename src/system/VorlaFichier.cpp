@@ -2,14 +2,21 @@
 
 #include <windows.h>
 
+#include "frame/declarations/browsing.h"
 #include "frame/declarations/files.h"
 #include "frame/declarations/paths.h"
+#include "frame/host/bound_object.h"
+#include "frame/host/globals.h"
+#include "frame/host/message_box.h"
 #include "frame/values/ansi.h"
 #include "frame/values/conversions.h"
 #include "frame/values/failure.h"
 #include "frame/values/unique_handle.h"
+#include "system/drive_tray.h"
+#include "system/file_dates.h"
 #include "system/file_sizes.h"
 #include "system/file_types.h"
+#include "system/folder_levels.h"
 
 namespace vorla {
 namespace {
@@ -62,8 +69,46 @@ public:
     Text grouped(double number) const override { return through(L"### ### ### ### ### ##0", number); }
 
 private:
-    static Text through(const wchar_t* format, double number) { return Text(formatted(number, format).view()); }
+    static Text through(const wchar_t* format, double number) {
+        return Text(formatted(number, format).view());
+    }
 };
+
+// The folder in full, with a backslash at its end.
+Text wholeFolder(TextView folder) {
+    const Text path = AjouteAntiSlash(folder).text();
+    if (!DecoupeChemin(path, eFileN::efDisque).text().empty()) return path;
+    return DecoupeChemin(app::path(), eFileN::efRacine).text() + path;
+}
+
+bool isFolder(TextView path) { return ExisteFichier(path, eFileToTest::eftDirectory); }
+
+bool createFolder(TextView path) { return CreateDirectoryA(toAnsi(path).c_str(), nullptr); }
+
+Text creationFailed(TextView folder) {
+    return L"Impossible de créer le répertoire\r\n" + Text(folder) +
+           L"\r\n\r\nUne fenêtre va s'ouvrir dans laquelle vous pourrer créer un dossier manuellement et \r\n"
+           L"vous pourrez indiquez quel est le répertoire de stockage.";
+}
+
+// Tells the user, in the host's box or the system's; whether he did not cancel.
+bool goesOn(const HostObject& host, TextView message, std::int32_t owner) {
+    constexpr std::int32_t style = MB_OKCANCEL | MB_ICONSTOP;
+    if (!host) return messageBox(message, style, owner) != IDCANCEL;
+    const auto button =
+        BoundObject(host).call(L"Action", owner, message, style, app::title(), app::helpFile());
+    return converted(button.view(), VT_I4).raw().lVal != IDCANCEL;
+}
+
+// The default property of an object, any other value itself.
+Variant plainValue(VariantView value) { return value.isObject() ? defaultProperty(value) : Variant(value); }
+
+Date dateIn(const Variant& value) {
+    // Numbers are no dates, though dates are numbers.
+    const auto type = value.raw().vt;
+    if (type != VT_DATE && type != VT_BSTR) throw RuntimeError(ErrorNumber::typeMismatch);
+    return {converted(value.view(), VT_DATE).raw().date};
+}
 
 }  // namespace
 
@@ -122,6 +167,77 @@ Text VorlaFichier::FileSize(const Text& NomFichier, const bool& Short) {
 
 Text VorlaFichier::SizeToString(double FileSise, const bool& Short) {
     return endOnError(Text(), [&] { return sizeText(FileSise, Short, UsersFormats()); });
+}
+
+Text VorlaFichier::GetFolder(TextView Title, const Text& InitDir, const bool& AllowCreateFolder,
+                             const bool& BrowseForFilesAndFolder) {
+    return BrowseForItem(BrowseKind::folder, Title, {InitDir, AllowCreateFolder, BrowseForFilesAndFolder});
+}
+
+Text VorlaFichier::GetComputer(TextView Title) { return BrowseForItem(BrowseKind::computer, Title); }
+
+Text VorlaFichier::GetPrinter(TextView Title) { return BrowseForItem(BrowseKind::printer, Title); }
+
+Text VorlaFichier::CreateFolder(TextView Folder, const HostObject& MsgBoxCtl, TextView Mes,
+                                const std::int32_t& hwndOwner) {
+    return endOnError(Text(), [&] {
+        if (Folder.empty()) return Text();
+        const Text folder = wholeFolder(Folder);
+        const auto drive = DecoupeChemin(folder, eFileN::efDisque).length();
+        createMissingLevels(folder, drive, &isFolder, &createFolder);
+        if (isFolder(folder)) return folder;
+
+        constexpr std::int32_t nobody = -1;
+        if (hwndOwner == nobody) return Text();
+        const Text message = Mes.empty() ? creationFailed(folder) : Text(Mes);
+        if (!goesOn(MsgBoxCtl, message, hwndOwner)) return Text();
+        const Text chosen = BrowseForItem(BrowseKind::folder, L"", {folder});
+        return chosen.empty() ? chosen : AjouteAntiSlash(chosen).text();
+    });
+}
+
+Variant VorlaFichier::readFileDate(TextView FileName, const eFileDateType& DateType) {
+    return endOnError(Variant(), [&] { return Variant(fileDate(FileName, DateType)); });
+}
+
+void VorlaFichier::writeFileDate(TextView FileName, const eFileDateType& DateType, VariantView value) {
+    endOnError([&] { setFileDate(FileName, DateType, dateIn(plainValue(value))); });
+}
+
+bool VorlaFichier::DeleteFile(const Text& NomFichier) {
+    return endOnError(false, [&] { return SupprimeFichier(NomFichier); });
+}
+
+bool VorlaFichier::RenameFile(const Text& NomFichierSrc, const Text& NomFichierDest) {
+    return endOnError(false, [&] {
+        return MoveFileA(toAnsi(NomFichierSrc).c_str(), toAnsi(NomFichierDest).c_str()) != FALSE;
+    });
+}
+
+Text VorlaFichier::GetTempFileName(const Text& sPrefix) {
+    return endOnError(Text(), [&] {
+        Text systemsOwn;
+        return CheminTemporaire(sPrefix, systemsOwn);
+    });
+}
+
+bool VorlaFichier::IsFieldEpmty(VariantView Valeur) {
+    return endOnError(false, [&] {
+        const auto value = plainValue(Valeur);
+        switch (value.raw().vt) {
+            case VT_EMPTY:
+            case VT_NULL: return true;
+            case VT_BSTR: return viewOf(value.raw().bstrVal).empty();
+            default: return false;
+        }
+    });
+}
+
+void VorlaFichier::CDEjectLoad(eEjectOperation Action, TextView Lecteur) {
+    endOnError([&] {
+        if (Lecteur.empty()) return;
+        moveTray(Lecteur.front(), Action == eEjectOperation::eeoEjecter);
+    });
 }
 
 }  // namespace vorla

@@ -1,12 +1,19 @@
-// VorlaFichier: paths and file names, existence, kind and size of files.
+// VorlaFichier: paths and file names, existence, kind, size and dates of files, the dialogs in which a folder
+// is chosen or made, and the trays of drives.
 //
-// No member raises an error: what fails gives an empty text, False or eftOther. Paths cross to Windows in
-// the ANSI code page.
+// No member raises an error: what fails gives an empty text, False, eftOther or Empty, or does nothing. Paths
+// cross to Windows in the ANSI code page.
 #pragma once
 
 #include "frame/contract/enumerations.h"
+#include "frame/host/host_reference.h"
 #include "frame/values/bstr.h"
 #include "frame/values/joined.h"
+#include "frame/values/variant.h"
+
+// Windows' headers make macros of these names.
+#undef DeleteFile
+#undef GetTempFileName
 
 namespace vorla {
 
@@ -48,6 +55,52 @@ public:
     /// A number of bytes for people to read, in the largest fitting unit and, unless `Short`, in bytes too;
     /// see sizeText(). Numbers by the user's locale. Empty for a number that no text can be made of.
     Text SizeToString(double FileSise, const bool& Short);
+
+    /// The folder, or with `BrowseForFilesAndFolder` also the file, that the user chooses in a dialog; empty
+    /// when he cancels. The dialog opens on `InitDir`, on its folder when that names a file, else on the
+    /// current directory.
+    Text GetFolder(TextView Title, const Text& InitDir, const bool& AllowCreateFolder,
+                   const bool& BrowseForFilesAndFolder);
+
+    /// The name of the computer of the network that the user chooses; empty when he cancels.
+    Text GetComputer(TextView Title);
+
+    /// The name of the printer that the user chooses; empty when he cancels.
+    Text GetPrinter(TextView Title);
+
+    /// `Folder` with a backslash at its end, every missing level of it created. A path without a drive lies
+    /// below the root of the drive that the host's program is on; hosts rely on it.
+    ///
+    /// When it cannot be created and `hwndOwner` is not -1 the user is told, by `Mes` or a text of our own,
+    /// in the host's message box `MsgBoxCtl` or in the system's, and unless he cancels that he chooses or
+    /// makes a folder himself: the result is then his. Empty when there is no folder in the end.
+    Text CreateFolder(TextView Folder, const HostObject& MsgBoxCtl, TextView Mes,
+                      const std::int32_t& hwndOwner);
+
+    /// A date of a file or folder: when it was created, last written or last read. Local time, to the second.
+    /// Empty when it cannot be told. Setting it takes a date, or a text that is one; anything else, and a
+    /// file that cannot be written, is left alone.
+    Variant readFileDate(TextView FileName, const eFileDateType& DateType);
+    void writeFileDate(TextView FileName, const eFileDateType& DateType, VariantView value);
+
+    /// Deletes a file; whether it is gone. Folders and read-only files stay.
+    bool DeleteFile(const Text& NomFichier);
+
+    /// Renames or moves a file or folder; whether it has its new name. What has that name already stays as it
+    /// is. A file can be moved to another drive, a folder cannot.
+    bool RenameFile(const Text& NomFichierSrc, const Text& NomFichierDest);
+
+    /// The path of a file in the folder for temporary files that does not exist, beginning with up to three
+    /// characters of `sPrefix`.
+    Text GetTempFileName(const Text& sPrefix);
+
+    /// Whether a field of a record holds nothing: Null, Empty or an empty text. An object is asked for its
+    /// default property, as the fields of records are.
+    bool IsFieldEpmty(VariantView Valeur);
+
+    /// Opens the tray of the drive that `Lecteur` begins with, or for any other `Action` than `eeoEjecter`
+    /// closes it; see moveTray().
+    void CDEjectLoad(eEjectOperation Action, TextView Lecteur);
 };
 
 }  // namespace vorla

@@ -4,6 +4,7 @@
 
 #include "contract/component.h"
 #include "support/dialog_watcher.h"
+#include "support/import_patch.h"
 #include "support/memory_count.h"
 #include "support/number_settings.h"
 
@@ -11,6 +12,8 @@ namespace vorla::test {
 namespace {
 
 using Texts = std::vector<std::wstring>;
+
+constexpr Date november15{46341};  // 15 November 2026, a Sunday
 
 class DateMembers : public testing::Test {
 protected:
@@ -90,6 +93,28 @@ TEST_F(DateMembers, moreDigitsThanANumberHas) {
     expectResult(call(L"DateAMJtoJMA", {text(year + L"0203"), false}), text(L"0302" + year));
 }
 
+// Whether a character is a number by itself is the system's judgement; one that is none is the separator.
+TEST_F(DateMembers, charactersAreNumbersByTheSystemsJudgement) {
+    expectResult(call(L"DateAMJtoJMA", {text(L"2026*11/15"), false}), text(L"151/20261"));
+    Intercept<decltype(VarR8FromStr)> reading(component.module(), "oleaut32.dll", "VarR8FromStr");
+    reading.answer([&](LPOLESTR asked, LCID locale, ULONG flags, double* value) {
+        return std::wstring_view(asked) == L"*" ? S_OK : reading.callOriginal(asked, locale, flags, value);
+    });
+    expectResult(call(L"DateAMJtoJMA", {text(L"2026*11/15"), false}), text(L"15112026*"));
+}
+
+// What a failing conversion has left in its output is no date.
+TEST_F(DateMembers, aDateThatTheSystemRefusesHasNoWords) {
+    Intercept<decltype(VariantTimeToSystemTime)> conversion(component.module(), "oleaut32.dll",
+                                                            "VariantTimeToSystemTime");
+    conversion.answer([&](double date, SYSTEMTIME* day) {
+        conversion.callOriginal(date, day);
+        return 0;
+    });
+    expectResult(call(L"DateEnTexte", {november15, false}), text(L""));
+    EXPECT_EQ(1, conversion.calls());
+}
+
 TEST_F(DateMembers, whatIsTooShortIsAnInvalidCall) {
     for (const wchar_t* member : {L"DateAMJtoJMA", L"DateJMAtoAMJ"}) {
         for (const wchar_t* date : {L"1", L"123", L"1-2-3", L"----", L"a"})
@@ -108,7 +133,8 @@ TEST_F(DateMembers, theSeparatorIsTheThirdCharacterOfToday) {
                             {L"dd-MM-yy", L"15-11-2026"},
                             {L"'ab:'yyyy", L"15:11:2026"},
                             // No third character, no separator.
-                            {L"'x'", L"15112026"}};
+                            {L"'x'", L"15112026"},
+                            {L"'xy'", L"15112026"}};
     for (const Row& row : rows) {
         const ChangedSetting other(LOCALE_SSHORTDATE, row.format);
         expectResult(call(L"DateAMJtoJMA", {text(L"20261115")}), text(row.shown), narrow(row.format));
@@ -126,8 +152,6 @@ TEST_F(DateMembers, invdOnlySaysWhatReplacesIt) {
         EXPECT_EQ(L"contract_tests", seen.title);
     }
 }
-
-constexpr Date november15{46341};  // 15 November 2026, a Sunday
 
 TEST_F(DateMembers, theSystemsLongDate) {
     const auto expected = text(isFrench() ? L"dimanche 15 novembre 2026" : L"Sunday, November 15, 2026");

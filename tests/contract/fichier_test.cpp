@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "contract/component.h"
+#include "contract/signatures.h"
 #include "support/import_patch.h"
 #include "support/memory_count.h"
 #include "support/temporary_folder.h"
@@ -61,66 +62,47 @@ TEST_F(Fichier, membersHaveTheIdentifiersOfTheirPlaces) {
                                     L"IsFileExist",
                                     L"FileType",
                                     L"FileSize",
-                                    L"SizeToString"};
+                                    L"SizeToString",
+                                    L"GetFolder",
+                                    L"GetComputer",
+                                    L"GetPrinter",
+                                    L"CreateFolder",
+                                    L"DeleteFile",
+                                    L"RenameFile",
+                                    L"GetTempFileName",
+                                    L"IsFieldEpmty",
+                                    L"CDEjectLoad"};
     DISPID expected = 0x60030000;
     for (const wchar_t* name : names) EXPECT_EQ(expected++, idOf(object.get(), name)) << narrow(name);
+    EXPECT_EQ(0x68030000, idOf(object.get(), L"FileDate"));
 }
 
-// Signatures as hosts declare them: "&" by reference, "[" optional with its default.
 TEST_F(Fichier, membersAreDescribed) {
-    const wchar_t* const rows[] = {L"BSTR NormalisePath(BSTR Path)",
-                                   L"BSTR DeNormalisePath(BSTR Path)",
-                                   L"BSTR ExtraitChemin(BSTR Chemin, [eFileN RenvoieNomFic=1])",
-                                   L"BSTR FileNameShortToLong(&BSTR FileName)",
-                                   L"BSTR FileNameLongToShort(&BSTR FileName)",
-                                   L"BSTR LectDat(BSTR FileName)",
-                                   L"BOOL FileExist(BSTR FileName, [&eFileToTest TypeFile=0])",
-                                   L"BOOL IsFileExist(BSTR FileName, [&eFileToTest TypeFile=0])",
-                                   L"eFiletype FileType(BSTR FileName)",
-                                   L"BSTR FileSize(&BSTR NomFichier, [&BOOL Short=0])",
-                                   L"BSTR SizeToString(R8 FileSise, [&BOOL Short=0])"};
-    ComPointer<ITypeInfo> description;
-    ASSERT_EQ(S_OK, object->GetTypeInfo(0, 0, description.put()));
-    const auto typeName = [&](const TYPEDESC& type) -> std::wstring {
-        if (type.vt == VT_BSTR) return L"BSTR";
-        if (type.vt == VT_BOOL) return L"BOOL";
-        if (type.vt == VT_R8) return L"R8";
-        if (type.vt != VT_USERDEFINED) return L"?";
-        ComPointer<ITypeInfo> defined;
-        Bstr name;
-        EXPECT_EQ(S_OK, description->GetRefTypeInfo(type.hreftype, defined.put()));
-        EXPECT_EQ(S_OK, defined->GetDocumentation(MEMBERID_NIL, name.put(), nullptr, nullptr, nullptr));
-        return std::wstring(name.view());
-    };
-    UINT index = 0;
-    for (MEMBERID id = 0x60030000; id < 0x60030000 + static_cast<MEMBERID>(std::size(rows)); ++id) {
-        FUNCDESC* function = nullptr;
-        do ASSERT_EQ(S_OK, description->GetFuncDesc(index++, &function));
-        while (function->memid < id && (description->ReleaseFuncDesc(function), true));
-        BSTR raw[4] = {};
-        UINT count = 0;
-        EXPECT_EQ(S_OK, description->GetNames(function->memid, raw, 4, &count));
-        EXPECT_EQ(static_cast<UINT>(function->cParams + 1), count);
-        const Bstr names[] = {Bstr(raw[0]), Bstr(raw[1]), Bstr(raw[2]), Bstr(raw[3])};
-        std::wstring written = typeName(function->elemdescFunc.tdesc) + L' ' + Text(names[0].view()) + L'(';
-        for (SHORT i = 0; i < function->cParams; ++i) {
-            const ELEMDESC& parameter = function->lprgelemdescParam[i];
-            const bool optional = (parameter.paramdesc.wParamFlags & PARAMFLAG_FOPT) != 0;
-            const bool byReference = parameter.tdesc.vt == VT_PTR;
-            if (i > 0) written += L", ";
-            if (optional) written += L'[';
-            if (byReference) written += L'&';
-            written += typeName(byReference ? *parameter.tdesc.lptdesc : parameter.tdesc) + L' ' +
-                       Text(names[i + 1].view());
-            if (parameter.paramdesc.wParamFlags & PARAMFLAG_FHASDEFAULT) {
-                const VARIANT& value = parameter.paramdesc.pparamdescex->varDefaultValue;
-                written += L'=' + std::to_wstring(value.vt == VT_BOOL ? value.boolVal : value.lVal);
-            }
-            if (optional) written += L']';
-        }
-        EXPECT_EQ(rows[id - 0x60030000], written + L')');
-        description->ReleaseFuncDesc(function);
-    }
+    const std::vector<std::wstring> expected{
+        L"60030000 BSTR NormalisePath(BSTR Path)",
+        L"60030001 BSTR DeNormalisePath(BSTR Path)",
+        L"60030002 BSTR ExtraitChemin(BSTR Chemin, [eFileN RenvoieNomFic=1])",
+        L"60030003 BSTR FileNameShortToLong(&BSTR FileName)",
+        L"60030004 BSTR FileNameLongToShort(&BSTR FileName)",
+        L"60030005 BSTR LectDat(BSTR FileName)",
+        L"60030006 BOOL FileExist(BSTR FileName, [&eFileToTest TypeFile=0])",
+        L"60030007 BOOL IsFileExist(BSTR FileName, [&eFileToTest TypeFile=0])",
+        L"60030008 eFiletype FileType(BSTR FileName)",
+        L"60030009 BSTR FileSize(&BSTR NomFichier, [&BOOL Short=0])",
+        L"6003000a BSTR SizeToString(R8 FileSise, [&BOOL Short=0])",
+        L"6003000b BSTR GetFolder(BSTR Title, [&BSTR InitDir], [&BOOL AllowCreateFolder=-1], [&BOOL "
+        L"BrowseForFilesAndFolder=0])",
+        L"6003000c BSTR GetComputer(BSTR Title)",
+        L"6003000d BSTR GetPrinter(BSTR Title)",
+        L"6003000e BSTR CreateFolder(BSTR Folder, [&object MsgBoxCtl], [BSTR Mes=\"\"], [&I4 hwndOwner=-1])",
+        L"68030000 get VARIANT FileDate(BSTR FileName, &eFileDateType DateType)",
+        L"68030000 put void FileDate(BSTR FileName, &eFileDateType DateType, VARIANT)",
+        L"6003000f BOOL DeleteFile(&BSTR NomFichier)",
+        L"60030010 BOOL RenameFile(&BSTR NomFichierSrc, &BSTR NomFichierDest)",
+        L"60030011 BSTR GetTempFileName([&BSTR sPrefix])",
+        L"60030012 BOOL IsFieldEpmty(VARIANT Valeur)",
+        L"60030013 void CDEjectLoad(eEjectOperation Action, BSTR Lecteur)"};
+    EXPECT_EQ(expected, signatures(object.get()));
 }
 
 TEST_F(Fichier, backslashesAtTheEnd) {
@@ -306,6 +288,12 @@ TEST_F(Fichier, contentOfWhatCannotBeReadIsEmpty) {
         // Somebody who lets others read while writing.
         const File shared(
             CreateFileW(file.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+        EXPECT_EQ(L"abc", textOf(L"LectDat", {text(file)}));
+    }
+    {
+        // Somebody who reads as well.
+        const File reader(
+            CreateFileW(file.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
         EXPECT_EQ(L"abc", textOf(L"LectDat", {text(file)}));
     }
     SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN);

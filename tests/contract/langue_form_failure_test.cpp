@@ -5,6 +5,7 @@
 #include <set>
 
 #include "contract/langue_form_fixture.h"
+#include "support/failing_calls.h"
 #include "support/import_patch.h"
 #include "support/memory_count.h"
 
@@ -327,6 +328,25 @@ TEST_F(LangueFailingForms, eachNameIsLookedUpOnce) {
         for (const auto& [line, count] : lookups)
             EXPECT_LE(count, line == L"lookup Container" ? 2 : 1) << narrow(name) << narrow(line);
     }
+}
+
+// Without memory for one thing or another the rest is still done, and nobody hears of it.
+TEST_F(LangueFailingForms, withoutMemory) {
+    Form form;
+    fill(form);
+    const auto calls =
+        failEachCall(component.module(), noMemory(), "LngFormLoad",
+                     [&] {
+                         const auto outcome = invoke(langue.get(), L"LngFormLoad", formArguments(form));
+                         run(L"LngFormSave", {object(&form.form), text(L"NEW")});
+                         for (const auto& [name, used] : objectsOf(form)) used->clearLog();
+                         return outcome.code == S_OK ? std::string("done") : std::to_string(outcome.code);
+                     },
+                     "done", {});
+    EXPECT_GT(calls, 100);
+    load(form);
+    EXPECT_EQ(Names(), unchanged(form));
+    form.expectNothingHeld();
 }
 
 TEST_F(LangueFailingForms, nothingIsLeftBehind) {

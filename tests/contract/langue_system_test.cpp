@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "contract/langue_fixture.h"
+#include "support/failing_calls.h"
 #include "support/import_patch.h"
 #include "support/memory_count.h"
 #include "support/scripted_object.h"
@@ -233,6 +234,41 @@ TEST_F(LangueFailures, everySystemCallFailingInTurn) {
     expectHarmless<decltype(TlsSetValue)>("kernel32.dll", "TlsSetValue", BOOL{FALSE});
     expectHarmless<decltype(SafeArrayCreateVector)>("oleaut32.dll", "SafeArrayCreateVector",
                                                     static_cast<SAFEARRAY*>(nullptr));
+}
+
+// The component's own memory failing: looked-up texts are missing or their plain self, and only the members
+// that may fail do.
+TEST_F(LangueFailures, withoutMemory) {
+    select(L"ENG");
+    ScriptedObject list;
+    list.method(L"Clear", [](const ScriptedObject::Call&) { return Variant(); })
+        .method(L"AddItem", [](const ScriptedObject::Call&) { return Variant(); });
+    const std::wstring noMemoryLeft = L"code 14", missing_ = marker;
+    const std::vector<Call> calls = {
+        {L"LngSetFileName", {text(application.path()), text(L"ENG")}, L"Empty", {noMemoryLeft}},
+        {L"LngSetLanguage", {text(L"ENG")}, L"True", {L"False"}},
+        {L"LngFolder", {long32(4)}, L"ENG", {noMemoryLeft, L"ENG.lng"}},
+        {L"LoadMsgLng", {text(L"m"), true, 1.5}, L"english", {L"français", missing_, L"", noMemoryLeft}},
+        {L"LoadCtlLng", {text(L"f"), text(L"c"), long32(0)}, L"ctl", {missing_, L"", noMemoryLeft}},
+        {L"LngSpecialInfos", {long32(2)}, L"English", {L"", noMemoryLeft}},
+        {L"StringEscape", {text(L"a\r\n")}, L"a\u00FF{l}", {noMemoryLeft}},
+        {L"LngSaveMsg", {text(L"w"), text(L"written")}, L"Empty", {noMemoryLeft}},
+        {L"LngGetPresent", {long32(1)}, L"array of 2", {noMemoryLeft}},
+        {L"LngGetPresent", {long32(3), object(&list)}, L"2", {noMemoryLeft}},
+        {L"LngGetPresent", {long32(4), object(&list)}, L"array of 0", {noMemoryLeft}}};
+    const auto held = list.references();
+    int failures = 0;
+    for (const auto& [name, arguments, right, others] : calls) {
+        std::set<std::string> whenFailed;
+        for (const auto& other : others) whenFailed.insert(narrow(other));
+        failures += failEachCall(
+            component.module(), noMemory(), narrow(name),
+            [&] { return narrow(shownResult(invoke(langue.get(), name, arguments))); }, narrow(right),
+            whenFailed);
+        list.clearLog();
+    }
+    EXPECT_GT(failures, 20);
+    EXPECT_EQ(held, list.references());
 }
 
 TEST_F(Langue, callsLeaveNothing) {

@@ -127,6 +127,10 @@ TEST_F(Numérique, aZeroAmountIsBlankOnDemand) {
     expectResult(call(L"NumFrmtSys", {text(L"0"), true}), text(L"0"));
     expectResult(call(L"NumFrmtSys", {text(L"0")}), text(L"0"));
     expectResult(call(L"NumFrmtSys", {text(L"3"), false}), text(L"3"));
+    // However little, and below zero, an amount is one.
+    for (const wchar_t* little : {L"0*01", L"0*0001", L"-0*0001", L"-3*5"})
+        expectResult(call(L"NumFrmtSys", {text(foreign(little)), false}), text(own(little)), narrow(little));
+    expectResult(call(L"NumFrmtSys", {short16(-3), false}), short16(-3));
     // Less than a ten-thousandth is zero to a currency.
     expectResult(call(L"NumFrmtSys", {text(foreign(L"0*00001")), false}), text(L""));
     // What is in the system's form already is not looked at.

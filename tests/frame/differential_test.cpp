@@ -3,6 +3,7 @@
 // and a reason below, and each must show up, so that a system that comes to agree is noticed.
 #include <gtest/gtest.h>
 #include <shellapi.h>
+#include <shlobj.h>
 
 #include <algorithm>
 #include <array>
@@ -341,7 +342,9 @@ private:
             missingRequired |= given[i].shape == Shape::missingValue && !variant && !parameter.optional;
         }
         if (convertedReference && theirs.code == DISP_E_TYPEMISMATCH) return Difference::typedByReference;
-        if (valueGiven && (theirs.code == DISP_E_TYPEMISMATCH || theirs.code == DISP_E_OVERFLOW))
+        // Nothing is refused as a type that is none.
+        if (valueGiven && (theirs.code == DISP_E_TYPEMISMATCH || theirs.code == DISP_E_OVERFLOW ||
+                           theirs.code == DISP_E_BADVARTYPE))
             return Difference::valueForReference;
         if (storedReference) return Difference::variantByReference;
         if (missingHandedOn && theirs.code == DISP_E_TYPEMISMATCH) return Difference::missingInVariable;
@@ -414,14 +417,21 @@ private:
 };
 
 // What generated arguments must not do to the machine. A name made of anything could be a program's, so none
-// is started. INI files without a folder would be written among Windows' own. And a wait of a minute,
-// repeated a hundred times, is made short by a clock that gains a day at every look.
+// is started, and a file's or folder's, so none is deleted, renamed or left behind; no temporary name is
+// drawn, which would be another one each time. Nobody is there to choose in a dialog. INI files without a
+// folder would be written among Windows' own. And a wait of a minute, repeated a hundred times, is made short
+// by a clock that gains a day at every look.
 class Harmless {
 public:
     Harmless() {
         process_.answer([](LPCSTR, LPSTR, LPSECURITY_ATTRIBUTES, LPSECURITY_ATTRIBUTES, WINBOOL, DWORD,
                            LPVOID, LPCSTR, LPSTARTUPINFOA, LPPROCESS_INFORMATION) { return FALSE; });
         execution_.answer([](HWND, LPCSTR, LPCSTR, LPCSTR, LPCSTR, INT) { return notFound(); });
+        creation_.answer([](auto...) { return FALSE; });
+        deletion_.answer([](auto...) { return FALSE; });
+        renaming_.answer([](auto...) { return FALSE; });
+        drawing_.answer([](auto...) { return 0u; });
+        browsing_.answer([](auto...) { return nullptr; });
         profile_.answer([](LPCSTR, LPCSTR, LPCSTR, LPCSTR) { return FALSE; });
         clock_.answer([this] { return now_ += 86'400'000; });
     }
@@ -433,6 +443,11 @@ private:
     DWORD now_ = 0;
     Intercept<decltype(CreateProcessA)> process_{program_, "kernel32.dll", "CreateProcessA"};
     Intercept<decltype(ShellExecuteA)> execution_{program_, "shell32.dll", "ShellExecuteA"};
+    Intercept<decltype(CreateDirectoryA)> creation_{program_, "kernel32.dll", "CreateDirectoryA"};
+    Intercept<decltype(DeleteFileA)> deletion_{program_, "kernel32.dll", "DeleteFileA"};
+    Intercept<decltype(MoveFileA)> renaming_{program_, "kernel32.dll", "MoveFileA"};
+    Intercept<decltype(GetTempFileNameA)> drawing_{program_, "kernel32.dll", "GetTempFileNameA"};
+    Intercept<decltype(SHBrowseForFolderA)> browsing_{program_, "shell32.dll", "SHBrowseForFolderA"};
     Intercept<decltype(WritePrivateProfileStringA)> profile_{program_, "kernel32.dll",
                                                              "WritePrivateProfileStringA"};
     Intercept<decltype(GetTickCount)> clock_{program_, "kernel32.dll", "GetTickCount"};

@@ -186,11 +186,11 @@ TEST_F(FailingTemporaryNames, comeEvenWhenTheirPlaceholderStays) {
     Text extension;
     auto answer = CheminTemporaire(L"abc", extension);
     EXPECT_TRUE(TemporaryFolder::exists(answer));
-    // A disk that does not tell about the placeholder: nothing is deleted.
+    // A disk that does not tell about the placeholder: it was made here, so it goes all the same.
     attributes_.answer([](LPCSTR) -> DWORD { return INVALID_FILE_ATTRIBUTES; });
     answer = CheminTemporaire(L"abc", extension);
-    EXPECT_TRUE(TemporaryFolder::exists(answer));
-    EXPECT_EQ(1, deletion.calls());
+    EXPECT_FALSE(TemporaryFolder::exists(answer));
+    EXPECT_EQ(2, deletion.calls());
 }
 
 TEST_F(FailingTemporaryNames, needTheCodePage) {

@@ -45,6 +45,25 @@ TEST(ProprieteExiste, callsTheMemberByItsKind) {
     EXPECT_EQ(1, control.references());
 }
 
+// Hosts publish their names in English: they are looked up in it too.
+class Listening : public ScriptedObject {
+public:
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID id, LPOLESTR* names, UINT count, LCID locale,
+                                            DISPID* ids) override {
+        lookedUpIn = locale;
+        return ScriptedObject::GetIDsOfNames(id, names, count, locale, ids);
+    }
+
+    LCID lookedUpIn = 0;
+};
+
+TEST(ProprieteExiste, looksNamesUpInEnglish) {
+    Listening control;
+    control.property(L"Text");
+    EXPECT_TRUE(ProprieteExiste(HostObject(&control), L"Text", callPropertyGet));
+    EXPECT_EQ(1033u, control.lookedUpIn);
+}
+
 struct Scaled {
     ScriptedObject container, control;
 

@@ -38,12 +38,34 @@ TEST(MessageBox, warnsUnderATitleOfItsOwn) {
     EXPECT_EQ(L"Erreur", watcher.seen()[0].title);
 }
 
+TEST(MessageBox, withAStyleAnswersTheButton) {
+    constexpr std::int32_t style = MB_OKCANCEL | MB_ICONSTOP;
+    for (const int button : {IDOK, IDCANCEL}) {
+        const DialogWatcher watcher(button);
+        EXPECT_EQ(button, messageBox(L"Échec\r\nsur deux lignes", style, 0));
+        ASSERT_EQ(1u, watcher.seen().size());
+        EXPECT_EQ(Texts{L"Échec\r\nsur deux lignes"}, watcher.seen()[0].texts);
+        EXPECT_EQ(2u, watcher.seen()[0].buttons.size());
+        EXPECT_EQ(L"frame_tests", watcher.seen()[0].title);
+    }
+}
+
 TEST(DialogWatcher, pressesTheButtonItWasToldTo) {
     const DialogWatcher watcher(IDNO);
     EXPECT_EQ(IDNO, MessageBoxW(nullptr, L"Continuer ?", L"Titre", MB_YESNO | MB_ICONQUESTION));
     ASSERT_EQ(1u, watcher.seen().size());
     EXPECT_EQ(L"Titre", watcher.seen()[0].title);
     EXPECT_EQ(2u, watcher.seen()[0].buttons.size());
+}
+
+TEST(DialogWatcher, worksInADialogBeforeItAnswers) {
+    const DialogWatcher watcher([](HWND dialog) {
+        SetWindowTextW(dialog, L"Autre");
+        return IDCANCEL;
+    });
+    EXPECT_EQ(IDCANCEL, MessageBoxW(nullptr, L"Continuer ?", L"Titre", MB_OKCANCEL));
+    ASSERT_EQ(1u, watcher.seen().size());
+    EXPECT_EQ(L"Titre", watcher.seen()[0].title);
 }
 
 }  // namespace

@@ -15,6 +15,7 @@
 #include "naive.h"
 #include "outcome.h"
 #include "system/file_types.h"
+#include "system/folder_levels.h"
 #include "text/amounts.h"
 #include "text/bank_key.h"
 #include "text/date_order.h"
@@ -198,6 +199,35 @@ inline Comparison messages(Arguments& arguments) {
                     outcomeOf([&] { return language::withValue(text, number, value); }), outcomeOf([&] {
                         return naive::replacedEverywhere(text, L"%%" + std::to_wstring(number), value);
                     }));
+}
+
+// A disk on which every folder up to the `existing`-th character exists, and nothing is created that ends at
+// the `refused`-th or later.
+inline Comparison levelsOf(const Text& folder, std::size_t existing, std::size_t refused) {
+    const auto drive = naive::decoupeChemin(folder, 6, false).size();
+    const auto asked = [&] {
+        Text result;
+        createMissingLevels(
+            folder, drive, [&](TextView path) { return path.size() <= existing; },
+            [&](TextView path) {
+                result += Text(path) + L"|";
+                return path.size() + 1 < refused;
+            });
+        return result;
+    };
+    return compared(call("createMissingLevels", folder, drive, existing, refused), outcomeOf(asked),
+                    outcomeOf([&] {
+                        return naive::createdLevels(folder, static_cast<long>(drive),
+                                                    static_cast<long>(existing), static_cast<long>(refused));
+                    }));
+}
+
+inline Comparison folderLevels(Arguments& arguments) {
+    const TextView beginnings[] = {L"", L"C:\\", L"\\\\s\\h\\", L"\\\\", L"C:"};
+    const Text folder = Text(beginnings[arguments.byte() % std::size(beginnings)]) +
+                        arguments.text(TextView(L"\\\\ab:.\0", 7), 23) + L"\\";
+    const std::size_t existing = arguments.byte() % 32u;
+    return levelsOf(folder, existing, arguments.byte() % 32u);
 }
 
 inline Comparison amounts(Arguments& arguments) {

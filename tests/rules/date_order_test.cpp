@@ -27,6 +27,7 @@ TEST(DateSeparator, OfTheSystemIsTheThirdCharacterOfToday) {
     EXPECT_EQ(separatorOf(L"15.11.26"), L".");
     // Behind a single digit stands another one.
     EXPECT_EQ(separatorOf(L"2/3/2026"), L"3");
+    EXPECT_EQ(separatorOf(L"15/"), L"/");
     EXPECT_EQ(separatorOf(L"15"), L"");
     EXPECT_EQ(separatorOf(L""), L"");
 }

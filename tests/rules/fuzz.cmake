@@ -2,8 +2,8 @@
 # VORLA_FUZZ_SECONDS in the environment each looks for that long, from another seed each time.
 
 foreach(rule fields terminator columns replacement occurrences quoting keys nextCode
-             paths extensions escapes controlKeys messages amounts bankKey dateOrder versions
-             leadingNumbers fileTypes)
+             paths extensions folderLevels escapes controlKeys messages amounts bankKey dateOrder
+             versions leadingNumbers fileTypes)
     add_executable(fuzz_${rule} fuzz.cpp)
     target_compile_definitions(fuzz_${rule} PRIVATE VORLA_RULE=${rule})
     target_link_options(fuzz_${rule} PRIVATE -fsanitize=fuzzer)

@@ -242,6 +242,25 @@ inline String withExtension(String path, const String& old, const String& wanted
     return path;
 }
 
+// What is asked to be created, each with a bar behind it, where every folder up to the `existing`-th
+// character exists and the first level that ends at the `refused`-th or later is refused.
+inline String createdLevels(const String& folder, long drive, long existing, long refused) {
+    const long root = middle(folder, drive + 1, 1) == L"\\" ? drive + 1 : drive;
+    long reached = root;
+    for (long p = root + 1; p <= existing && p <= length(folder); ++p)
+        if (middle(folder, p, 1) == L"\\") reached = p;
+    String result;
+    for (long p = reached + 1; p <= length(folder); ++p) {
+        if (middle(folder, p, 1) != L"\\") continue;
+        if (p > reached + 1) {
+            result += left(folder, p - 1) + L"|";
+            if (p >= refused) break;
+        }
+        reached = p;
+    }
+    return result;
+}
+
 // A typed amount: character by character up to the first foreign one.
 inline String systemAmount(const String& amount, wchar_t separator) {
     for (long i = 1; i <= length(amount); ++i) {

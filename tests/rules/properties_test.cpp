@@ -36,6 +36,7 @@ TEST(Properties, KeysFollowTheirSteps) { expectAgreement(compare::keys, {0, 5});
 TEST(Properties, TheNextCodeFollowsItsSteps) { expectAgreement(compare::nextCode, {0, 5, 6}); }
 TEST(Properties, PathsFollowTheirSteps) { expectAgreement(compare::paths, {0}); }
 TEST(Properties, ExtensionsFollowTheirSteps) { expectAgreement(compare::extensions, {0}); }
+TEST(Properties, FolderLevelsFollowTheirSteps) { expectAgreement(compare::folderLevels, {0}); }
 TEST(Properties, EscapesFollowTheirSteps) { expectAgreement(compare::escapes, {0}); }
 TEST(Properties, KeysOfControlsFollowTheirSteps) { expectAgreement(compare::controlKeys, {0}); }
 TEST(Properties, MessagesFollowTheirSteps) { expectAgreement(compare::messages, {0}); }

@@ -20,6 +20,7 @@ std::wstring classOf(HWND window) {
 
 BOOL CALLBACK readControl(HWND control, LPARAM parameter) {
     auto& seen = *reinterpret_cast<SeenDialog*>(parameter);
+    if (!IsWindowVisible(control)) return TRUE;
     const auto kind = classOf(control);
     // An icon is a static control without text.
     if (kind == L"Button") seen.buttons.push_back(textOf(control));
@@ -47,8 +48,13 @@ BOOL CALLBACK isDialog(HWND window, LPARAM parameter) {
 
 }  // namespace
 
-DialogWatcher::DialogWatcher(int buttonId)
+DialogWatcher::DialogWatcher(int buttonId) : DialogWatcher(buttonId, [buttonId](HWND) { return buttonId; }) {}
+
+DialogWatcher::DialogWatcher(Answer answer) : DialogWatcher(IDOK, std::move(answer)) {}
+
+DialogWatcher::DialogWatcher(int buttonId, Answer answer)
     : buttonId_(buttonId),
+      answer_(std::move(answer)),
       stop_(CreateEventW(nullptr, TRUE, FALSE, nullptr)),
       thread_(CreateThread(nullptr, 0, &watch, this, 0, nullptr)) {}
 
@@ -74,7 +80,7 @@ void DialogWatcher::answer(HWND dialog) {
     seen.title = textOf(dialog);
     EnumChildWindows(dialog, &readControl, reinterpret_cast<LPARAM>(&seen));
     seen_.push_back(std::move(seen));
-    PostMessageW(dialog, WM_COMMAND, static_cast<WPARAM>(buttonId_), 0);
+    PostMessageW(dialog, WM_COMMAND, static_cast<WPARAM>(answer_(dialog)), 0);
     while (IsWindow(dialog) && IsWindowVisible(dialog))
         if (WaitForSingleObject(stop_, pause) != WAIT_TIMEOUT) return;
 }

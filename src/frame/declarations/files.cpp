@@ -16,15 +16,29 @@ DWORD attributesOf(TextView path) { return GetFileAttributesA(toAnsi(path).c_str
 
 bool isExistingFolder(TextView path) { return ExisteFichier(path, eFileToTest::eftDirectory); }
 
-// The name of an empty file that Windows has just created; empty when it has none to give.
-Text placeholder(TextView prefix) {
-    std::array<char, 512> folder;
-    const auto length = GetTempPathA(static_cast<DWORD>(folder.size()), folder.data());
-    if (length < 1 || length >= folder.size()) return {};
-    std::array<char, 576> name{};
-    if (!GetTempFileNameA(folder.data(), toAnsi(prefix).c_str(), 0, name.data())) return {};
-    return fromAnsi(name.data());
-}
+// An empty file that Windows creates to reserve its name. It goes with this object unless it is left behind.
+class Placeholder {
+public:
+    explicit Placeholder(TextView prefix) {
+        std::array<char, 512> folder;
+        const auto length = GetTempPathA(static_cast<DWORD>(folder.size()), folder.data());
+        if (length < 1 || length >= folder.size()) return;
+        std::array<char, 576> name{};
+        if (GetTempFileNameA(folder.data(), toAnsi(prefix).c_str(), 0, name.data())) name_ = name;
+    }
+    Placeholder(const Placeholder&) = delete;
+    Placeholder& operator=(const Placeholder&) = delete;
+    ~Placeholder() {
+        if (exists()) DeleteFileA(name_.data());
+    }
+
+    bool exists() const { return name_[0] != '\0'; }
+    Text name() const { return fromAnsi(name_.data()); }
+    void leaveBehind() { name_[0] = '\0'; }
+
+private:
+    std::array<char, 576> name_{};
+};
 
 }  // namespace
 
@@ -60,21 +74,19 @@ bool SupprimeFichier(TextView Chemin) {
 }
 
 Text CheminTemporaire(TextView Prefixe, Text& Extension) {
-    Text result;
-    for (;;) {
-        const Text created = placeholder(Prefixe);
-        if (created.empty()) return result;
-        result = created;
-        if (!Extension.empty()) {
-            if (Extension.find(L'.') == Text::npos) Extension.insert(0, 1, L'.');
-            const Text own = DecoupeChemin(created, eFileN::eFExtension).text();
-            result = withExtension(created, own, Extension);
-            // With the placeholder's own extension every name would be taken, by its own placeholder.
-            const bool isPlaceholder = lowerCased(result) == lowerCased(created);
-            if (!isPlaceholder && ExisteFichier(result, eFileToTest::eftFile)) continue;
-        }
-        SupprimeFichier(created);
-        return result;
+    for (Text result;;) {
+        Placeholder placeholder(Prefixe);
+        if (!placeholder.exists()) return result;
+        result = placeholder.name();
+        if (Extension.empty()) return result;
+
+        if (Extension.find(L'.') == Text::npos) Extension.insert(0, 1, L'.');
+        const Text created = result;
+        result = withExtension(created, DecoupeChemin(created, eFileN::eFExtension).text(), Extension);
+        // With the placeholder's own extension every name would be taken, by its own placeholder.
+        const bool isPlaceholder = lowerCased(result) == lowerCased(created);
+        if (isPlaceholder || !ExisteFichier(result, eFileToTest::eftFile)) return result;
+        placeholder.leaveBehind();
     }
 }
 
