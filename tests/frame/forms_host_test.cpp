@@ -7,9 +7,9 @@
 #include "frame/host/host_items.h"
 #include "frame/host/object_kinds.h"
 #include "support/automation.h"
-#include "support/drawing_objects.h"
 #include "support/forms/host.h"
 #include "support/memory_count.h"
+#include "support/resource_count.h"
 
 namespace vorla::forms {
 namespace {
@@ -630,27 +630,14 @@ void loadAndUnload() {
     typeName(HostObject(&form));
 }
 
-BOOL CALLBACK countWindow(HWND, LPARAM counted) {
-    ++*reinterpret_cast<int*>(counted);
-    return TRUE;
-}
-
-int topLevelWindows() {
-    int count = 0;
-    EnumThreadWindows(GetCurrentThreadId(), &countWindow, reinterpret_cast<LPARAM>(&count));
-    return count;
-}
-
 TEST(FormsHostLeaks, unloadedFormsLeaveNothing) {
     for (int i = 0; i < 20; ++i) loadAndUnload();
     const auto objects = Object::livingObjects();
-    const auto windows = topLevelWindows();
-    const auto drawingObjects = test::drawingObjectsLeft();
+    const auto resources = test::Resources::held();
     const test::MemoryCount count;
     for (int i = 0; i < 100; ++i) loadAndUnload();
     EXPECT_EQ(objects, Object::livingObjects());
-    EXPECT_EQ(windows, topLevelWindows());
-    EXPECT_EQ(drawingObjects, test::drawingObjectsLeft());
+    EXPECT_EQ(resources, test::Resources::held());
     EXPECT_EQ(0, count.live());
 }
 
