@@ -17,7 +17,9 @@ int wmain(int count, wchar_t** arguments) {
     if (task == L"mark" && count == 3) {
         wchar_t path[MAX_PATH];
         const auto length = GetFullPathNameW(arguments[2], MAX_PATH, path, nullptr);
-        const HANDLE file = CreateFileW(path, GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+        // Who waits for the mark may be looking at the file right now.
+        constexpr DWORD anybody = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+        const HANDLE file = CreateFileW(path, GENERIC_WRITE, anybody, nullptr, OPEN_EXISTING, 0, nullptr);
         DWORD written = 0;
         return WriteFile(file, path, length * static_cast<DWORD>(sizeof(wchar_t)), &written, nullptr) ? 0 : 1;
     }
