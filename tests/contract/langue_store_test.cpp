@@ -72,10 +72,19 @@ SIZE_T allocatedBytes() {
     return bytes;
 }
 
+// A watched heap keeps freed blocks for a while, to see who writes into them, and counts them as allocated.
+bool heapKeepsFreedBlocks() {
+    constexpr SIZE_T size = 100'000;
+    const auto before = allocatedBytes();
+    HeapFree(GetProcessHeap(), 0, HeapAlloc(GetProcessHeap(), 0, size));
+    return allocatedBytes() >= before + size;
+}
+
 // For what the system itself keeps.
 constexpr SIZE_T slack = 64 * 1024;
 
 TEST_F(Langue, anEndingThreadLeavesNothing) {
+    if (heapKeepsFreedBlocks()) GTEST_SKIP() << "the heap is watched; the other runs count what is left";
     const std::wstring long_(100'000, L'x');
     const auto useAndEnd = [&] {
         onThread(component, [&](const Dispatch& mine) {
@@ -90,6 +99,7 @@ TEST_F(Langue, anEndingThreadLeavesNothing) {
 }
 
 TEST(LangueUnloading, theModuleTakesEveryThreadsLanguageAlong) {
+    if (heapKeepsFreedBlocks()) GTEST_SKIP() << "the heap is watched; the other runs count what is left";
     const std::wstring long_(10000, L'x');
     const auto useAndUnload = [&] {
         const Component component;
