@@ -32,7 +32,7 @@ void walkByHand(IDispatch* object, const wchar_t* name, Use use) {
 }
 
 template <class Use>
-void walk(IDispatch* object, const wchar_t* name, Use use) {
+void walk(IDispatch* object, Literal name, Use use) {
     BoundObject list{HostObject(object)};
     const auto count = list.getAs<std::int32_t>(L"ListCount");
     for (std::int32_t i = 0; i < count; ++i) use(list.get(name, i));

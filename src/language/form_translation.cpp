@@ -100,12 +100,11 @@ void colourForm(BoundObject& form, const Theme& theme) {
 
 void loadTexts(BoundObject& control, TextView section) {
     const auto index = indexOf(control);
-    for (const TextView property : properties) {
-        const auto name = property.data();
+    for (const Literal property : properties) {
         step([&] {
-            if (!control.hasProperty(name)) return;
+            if (!control.hasProperty(property)) return;
             const auto text = LngReadValue(section, controlKey(nameOf(control), index, property));
-            if (!text.empty()) control.put(name, text);
+            if (!text.empty()) control.put(property, text);
         });
     }
 }
@@ -128,8 +127,8 @@ void loadControl(BoundObject& control, BoundObject& label, TextView section, con
 }
 
 // Writes one text of a form, when there is one.
-void saveText(BoundObject& form, TextView file, BoundObject& object, TextView index, TextView property) {
-    const auto text = object.getAs<Text>(property.data());
+void saveText(BoundObject& form, TextView file, BoundObject& object, TextView index, Literal property) {
+    const auto text = object.getAs<Text>(property);
     if (text.empty()) return;
     constexpr bool oem = false;
     IniEcriture(file, nameOf(form), controlKey(nameOf(object), index, property), escaped(text), oem);
@@ -151,7 +150,7 @@ void saveForm(const HostObject& form, TextView file) {
     step([&] { saveText(saved, file, saved, {}, L"Caption"); });
     forEachControl(saved, [&](BoundObject& control) {
         const auto index = indexOf(control);
-        for (const TextView property : properties)
+        for (const Literal property : properties)
             step([&] { saveText(saved, file, control, index, property); });
     });
 }

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "frame/contract/enumerations.h"
+#include "frame/values/literal.h"
 #include "frame/values/text.h"
 
 namespace vorla::language {
@@ -22,7 +23,7 @@ inline constexpr TextView keySeparator = L"#";
 inline constexpr TextView missingMessage = L"**********";
 
 /// The properties of controls that have translations, by number.
-inline constexpr TextView properties[] = {L"Caption", L"Text", L"ToolTipText"};
+inline constexpr Literal properties[] = {L"Caption", L"Text", L"ToolTipText"};
 
 /// The key of a control's property: the control's name, "#" and its index without surrounding blanks when it
 /// has one, "#" and the property. Just the name when neither is given. With an index and no property the key

@@ -599,7 +599,9 @@ TEST_F(FormsHost, anUnloadedFormLeavesObjectsWithoutWindows) {
     EXPECT_FALSE(IsWindow(window));
     EXPECT_FALSE(IsWindow(formWindow));
     BoundObject bound(option);
-    for (const auto* name : {L"Caption", L"Left", L"hWnd", L"Container", L"Parent", L"Value", L"Enabled"})
+    constexpr Literal properties[] = {L"Caption", L"Left",  L"hWnd",   L"Container",
+                                      L"Parent",  L"Value", L"Enabled"};
+    for (const Literal name : properties)
         EXPECT_EQ(364, errorOf([&] { bound.get(name); })) << test::narrow(name);
     EXPECT_EQ(364, errorOf([&] { bound.put(L"Width", 5.0); }));
     EXPECT_EQ(364, errorOf([&] { bound.call(L"SetFocus"); }));

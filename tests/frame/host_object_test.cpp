@@ -45,6 +45,21 @@ TEST(BoundObject, namesThatBeginAlikeAreNotTheSame) {
     EXPECT_EQ(2u, control.logged(L"lookup"));
 }
 
+TEST(BoundObject, aNameIsLookedUpOnceHoweverOftenTheSourceHoldsIt) {
+    static constexpr wchar_t here[] = L"Caption", there[] = L"Caption";
+    static_assert(!Literal(here).isSame(there));
+    ScriptedObject control;
+    control.property(L"Caption", text(L"un"));
+    BoundObject bound{HostObject(&control)};
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(L"un", bound.getAs<Text>(here));
+        EXPECT_EQ(L"un", bound.getAs<Text>(there));
+        EXPECT_TRUE(bound.knows(there));
+    }
+    EXPECT_EQ(1u, control.logged(L"lookup"));
+    EXPECT_EQ(4u, control.logged(L"get"));
+}
+
 TEST(BoundObject, aLongListCostsOneCallForEachItemAndProperty) {
     constexpr std::int32_t lineCount = 10'000;
     ScriptedObject list;

@@ -1,8 +1,9 @@
 #include "frame/host/bound_object.h"
 
+#include <algorithm>
+
 #include "frame/host/member_names.h"
 #include "frame/values/failure.h"
-#include "frame/values/invocation.h"
 #include "frame/values/unique_handle.h"
 
 namespace vorla {
@@ -32,57 +33,30 @@ HostObject objectIn(VariantView value) {
     return HostObject(dispatch.get());
 }
 
-namespace {
-
-// Names are short, and compared for every read: without a call.
-bool isName(const Text& known, const wchar_t* name) {
-    for (const wchar_t character : known)
-        if (character != *name++) return false;
-    return *name == L'\0';
-}
-
-}  // namespace
-
-HRESULT BoundObject::find(const wchar_t* name, DISPID& found) {
+HRESULT BoundObject::findElsewhere(Literal name, DISPID& found) {
     if (!object_) throw RuntimeError(ErrorNumber::objectNotSet);
-    for (const Name& known : names_) {
-        if (isName(known.name, name)) {
-            found = known.id;
-            return S_OK;
-        }
-    }
-    const auto answer = findMember(object_.get(), name, LOCALE_USER_DEFAULT, found);
+    const auto known = std::find_if(names_.begin(), names_.end(), [name](const Name& other) {
+        return TextView(other.name) == TextView(name);
+    });
+    HRESULT answer = S_OK;
+    if (known != names_.end())
+        found = known->id;
+    else
+        answer = findMember(object_.get(), name.get(), LOCALE_USER_DEFAULT, found);
     if (SUCCEEDED(answer)) names_.push_back({name, found});
     return answer;
 }
 
-bool BoundObject::knows(const wchar_t* name) {
+bool BoundObject::knows(Literal name) {
     DISPID found;
     return object_ && SUCCEEDED(find(name, found));
 }
 
-bool BoundObject::hasProperty(const wchar_t* name) {
+bool BoundObject::hasProperty(Literal name) {
     return endOnError(false, [&] {
         run(id(name), DISPATCH_PROPERTYGET);
         return true;
     });
-}
-
-DISPID BoundObject::id(const wchar_t* name) {
-    DISPID found = DISPID_UNKNOWN;
-    check(find(name, found));
-    return found;
-}
-
-Variant BoundObject::invoke(DISPID member, WORD kind, std::span<Variant> reversed) const {
-    DISPID value = DISPID_PROPERTYPUT;
-    DISPPARAMS parameters{reversed.empty() ? nullptr : reversed.data()->put(), nullptr,
-                          static_cast<UINT>(reversed.size()), 0};
-    if (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) {
-        parameters.rgdispidNamedArgs = &value;
-        parameters.cNamedArgs = 1;
-    }
-    return invoked(object_.get(), member, kind, parameters);
 }
 
 }  // namespace vorla

@@ -5,7 +5,6 @@
 
 #include <array>
 #include <concepts>
-#include <span>
 #include <tuple>
 #include <type_traits>
 #include <utility>
@@ -13,6 +12,8 @@
 
 #include "frame/host/host_reference.h"
 #include "frame/values/conversions.h"
+#include "frame/values/invocation.h"
+#include "frame/values/literal.h"
 #include "frame/values/variant.h"
 
 namespace vorla {
@@ -69,21 +70,21 @@ public:
     const HostObject& object() const { return object_; }
 
     /// Whether the object knows the name. Nothing is read or called; Nothing knows none.
-    bool knows(const wchar_t* name);
+    bool knows(Literal name);
 
     /// Whether the property can be read. It is really read, and as a property: a method is none.
-    bool hasProperty(const wchar_t* name);
+    bool hasProperty(Literal name);
 
     /// A property's value, an indexed property's with its indices. Hosts do not tell a property that is read
     /// from a function that is called, so either answers.
     template <class... Indices>
-    Variant get(const wchar_t* name, const Indices&... indices) {
+    Variant get(Literal name, const Indices&... indices) {
         return read(id(name), indices...);
     }
 
     /// A property's value as a 32-bit or 16-bit integer, a double, a boolean, or text.
     template <class Value, class... Indices>
-    Value getAs(const wchar_t* name, const Indices&... indices) {
+    Value getAs(Literal name, const Indices&... indices) {
         const auto value = get(name, indices...);
         if constexpr (std::same_as<Value, std::int32_t>) {
             return converted(value.view(), VT_I4).raw().lVal;
@@ -101,25 +102,25 @@ public:
 
     /// An object that a property refers to. Errors: 91 for Nothing, 424 for what is no object.
     template <class... Indices>
-    HostObject getObject(const wchar_t* name, const Indices&... indices) {
+    HostObject getObject(Literal name, const Indices&... indices) {
         return objectIn(get(name, indices...).view());
     }
 
     /// Gives a property a value; the indices of an indexed property stand before it.
     template <class... IndicesAndValue>
-    void put(const wchar_t* name, const IndicesAndValue&... indicesAndValue) {
+    void put(Literal name, const IndicesAndValue&... indicesAndValue) {
         write(id(name), DISPATCH_PROPERTYPUT, indicesAndValue...);
     }
 
     /// Makes a property refer to an object, or to Nothing.
     template <class... IndicesAndObject>
-    void putRef(const wchar_t* name, const IndicesAndObject&... indicesAndObject) {
+    void putRef(Literal name, const IndicesAndObject&... indicesAndObject) {
         write(id(name), DISPATCH_PROPERTYPUTREF, indicesAndObject...);
     }
 
     /// Calls a method. Its result is Empty when it has none.
     template <class... Arguments>
-    Variant call(const wchar_t* name, const Arguments&... arguments) {
+    Variant call(Literal name, const Arguments&... arguments) {
         return run(id(name), DISPATCH_METHOD, arguments...);
     }
 
@@ -135,7 +136,7 @@ public:
 
 private:
     struct Name {
-        Text name;
+        Literal name;
         DISPID id;
     };
 
@@ -147,9 +148,13 @@ private:
     template <class... Arguments, std::size_t... i>
     Variant runReversed(DISPID member, WORD kind, const std::tuple<Arguments...>& arguments,
                         std::index_sequence<i...>) {
-        std::array<Variant, sizeof...(i)> reversed{
-            hostArgument(std::get<sizeof...(i) - 1 - i>(arguments))...};
-        return invoke(member, kind, reversed);
+        constexpr auto count = sizeof...(i);
+        const bool writes = (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
+        std::array<Variant, count> reversed{hostArgument(std::get<count - 1 - i>(arguments))...};
+        DISPID value = DISPID_PROPERTYPUT;
+        const DISPPARAMS parameters{count > 0 ? reversed.data()->put() : nullptr, writes ? &value : nullptr,
+                                    UINT{count}, writes ? 1u : 0u};
+        return invoked(object_.get(), member, kind, parameters);
     }
     template <class... Indices>
     Variant read(DISPID member, const Indices&... indices) {
@@ -161,10 +166,22 @@ private:
         run(member, kind, indicesAndValue...);
     }
 
-    /// `reversed` are the arguments as Invoke takes them, the last first.
-    Variant invoke(DISPID member, WORD kind, std::span<Variant> reversed) const;
-    DISPID id(const wchar_t* name);
-    HRESULT find(const wchar_t* name, DISPID& found);
+    DISPID id(Literal name) {
+        DISPID found = DISPID_UNKNOWN;
+        check(find(name, found));
+        return found;
+    }
+    // In a loop it is always the same pieces of the source that ask.
+    HRESULT find(Literal name, DISPID& found) {
+        for (const Name& known : names_) {
+            if (known.name.isSame(name)) {
+                found = known.id;
+                return S_OK;
+            }
+        }
+        return findElsewhere(name, found);
+    }
+    HRESULT findElsewhere(Literal name, DISPID& found);
 
     HostObject object_;
     std::vector<Name> names_;

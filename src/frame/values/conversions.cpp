@@ -53,10 +53,9 @@ std::uint16_t errorNumberOf(HRESULT failure) noexcept {
     return static_cast<std::uint16_t>(number());
 }
 
-void check(HRESULT result) {
-    if (SUCCEEDED(result)) return;
-    if (result == E_OUTOFMEMORY) throw std::bad_alloc();
-    throw RuntimeError(errorNumberOf(result));
+void throwFailure(HRESULT failure) {
+    if (failure == E_OUTOFMEMORY) throw std::bad_alloc();
+    throw RuntimeError(errorNumberOf(failure));
 }
 
 namespace {

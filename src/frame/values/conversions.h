@@ -25,7 +25,12 @@ inline HRESULT copyValue(VARIANT& result, const VARIANT& source) {
 }
 
 /// Throws the RuntimeError of a failure code, or std::bad_alloc.
-void check(HRESULT result);
+[[noreturn]] void throwFailure(HRESULT failure);
+
+/// The same for a result that is one.
+inline void check(HRESULT result) {
+    if (FAILED(result)) throwFailure(result);
+}
 
 /// What an object stands for where a value is wanted. Errors: 91 for Nothing, 438 for an object without a
 /// default property, or the object's own number.
