@@ -210,6 +210,41 @@ TEST_F(LangueFailingForms, aHostThatFailsForGoodEndsThem) {
     }
 }
 
+TEST_F(LangueFailingForms, onlyFailuresInARowEndTheWalk) {
+    Form form;
+    fill(form);
+    auto& last = form.controls[0];
+    std::vector<Variant> items(120, object(&form.controls[1]));
+    items.push_back(object(&last));
+    form.list.items(items, ScriptedObject::Walk::byEnumerator);
+    // The enumerator, an item, and from then on a failure before each.
+    for (int failing = 3; failing <= 2 * 120 + 1; failing += 2)
+        form.list.failCall(failing, RPC_E_DISCONNECTED);
+    load(form);
+    EXPECT_EQ(L"new", textIn(last, L"Caption"));
+    EXPECT_EQ(120u + 121u + 1u, form.list.logged(L"next"));
+}
+
+TEST_F(LangueFailingForms, aColourWithoutASignOverflowsNowhere) {
+    Form form;
+    fill(form);
+    Variant unsignedFace;
+    unsignedFace.put()->vt = VT_UI4;
+    unsignedFace.put()->ulVal = 0x8000000F;
+    put(L"ThemedOldColor", colour(buttonFace));
+    form.form.value(L"BackColor") = unsignedFace;
+    for (auto& control : form.controls) control.value(L"BackColor") = unsignedFace;
+    Intercept<decltype(VariantChangeTypeEx)> convert(component.module(), "oleaut32.dll",
+                                                     "VariantChangeTypeEx");
+    convert.answer([&](VARIANTARG* to, VARIANTARG* from, LCID locale, USHORT flags, VARTYPE type) {
+        // Windows refuses what has no place in a signed number; other systems let it wrap.
+        if (from->vt == VT_UI4 && from->ulVal > INT32_MAX && type == VT_I4) return DISP_E_OVERFLOW;
+        return convert.callOriginal(to, from, locale, flags, type);
+    });
+    load(form);
+    EXPECT_EQ(Names(), unchanged(form));
+}
+
 TEST_F(LangueFailingForms, resizingTellsItsCaller) {
     const auto resize = [this](Form& form) {
         return call(L"LngRedimCtl", {object(&form.controls[2]), object(&form.label), text(L"été")});

@@ -149,6 +149,7 @@ TEST_F(LangueRoundTrip, textsThatTheFormatHolds) {
                                              L"&OK && %%1",
                                              L"a  b",
                                              L"a\tb",
+                                             L"\u00A0a\u00A0",
                                              L"\r\n\ta\t\r\n",
                                              L"\r\n a \r\n",
                                              L"été €œ",
