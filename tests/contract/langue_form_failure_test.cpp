@@ -1,5 +1,6 @@
 // A host that fails wherever it can: loading and saving a form go on, and miss no more than the step that
 // failed.
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <set>
@@ -207,6 +208,26 @@ TEST_F(LangueFailingForms, aHostThatFailsForGoodEndsThem) {
             // A walk that fails again and again is given up.
             EXPECT_LE(failing.log().size(), 400u) << narrow(broken);
         }
+    }
+}
+
+TEST_F(LangueFailingForms, whatCannotBeReadIsNotWritten) {
+    std::vector<std::wstring> calls;
+    {
+        Form form;
+        fill(form);
+        load(form);
+        calls = callsOf(form.controls[0]);
+    }
+    for (const wchar_t* property : {L"Caption", L"Text", L"ToolTipText"}) {
+        const std::wstring read = std::wstring(L"get ") + property;
+        const auto place = std::find(calls.begin(), calls.end(), read) - calls.begin();
+        Form form;
+        fill(form);
+        form.controls[0].failCallWithNumber(static_cast<int>(place) + 1, 438);
+        load(form);
+        EXPECT_EQ(Names{std::wstring(L"lbl.") + property}, unchanged(form));
+        EXPECT_EQ(0u, form.controls[0].logged(std::wstring(L"put ") + property));
     }
 }
 
