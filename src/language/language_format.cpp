@@ -5,15 +5,15 @@ namespace {
 
 constexpr wchar_t escape = 0xFF;
 
-// What stands in the file for a text that cannot. Of two that begin alike the longer one comes first.
+// What stands in the file for a text that cannot. Of two that begin alike the longer one comes first. "=" is
+// only read: what is written is looked through for line breaks alone.
 struct Group {
     TextView written;
     TextView text;
-    bool onlyRead = false;
 };
 
 constexpr Group groups[] = {
-    {L"\u00FF{l}", L"\r\n"}, {L"\u00FF{r}", L"\r"}, {L"\u00FF{f}", L"\n"}, {L"\u00FF{e}", L"=", true}};
+    {L"\u00FF{l}", L"\r\n"}, {L"\u00FF{r}", L"\r"}, {L"\u00FF{f}", L"\n"}, {L"\u00FF{e}", L"="}};
 
 }  // namespace
 
@@ -46,7 +46,7 @@ Text escaped(TextView text) {
         result += plain;
         text.remove_prefix(plain.size());
         for (const Group& group : groups) {
-            if (group.onlyRead || !text.starts_with(group.text)) continue;
+            if (!text.starts_with(group.text)) continue;
             result += group.written;
             text.remove_prefix(group.text.size());
             break;

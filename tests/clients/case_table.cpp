@@ -50,6 +50,24 @@ public:
         return number();
     }
 
+    std::vector<CaseArgument> arguments() {
+        std::vector<CaseArgument> result;
+        need("(");
+        while (!take(")")) {
+            if (!result.empty()) need(",");
+            CaseArgument argument;
+            argument.byReference = take("ref ");
+            if (at(',')) {
+                argument.value.put()->vt = VT_ERROR;
+                argument.value.put()->scode = DISP_E_PARAMNOTFOUND;
+            } else {
+                argument.value = value();
+            }
+            result.push_back(std::move(argument));
+        }
+        return result;
+    }
+
     /// Whether the marks that end the line admit this language.
     bool isFor(const std::string& language) {
         const auto end = rest_.substr(std::min(rest_.rfind('"') + 1, rest_.size()));
@@ -110,6 +128,11 @@ private:
         const double value = digits();
         if (take("&")) return Variant(static_cast<std::int32_t>(value));
         if (take("#")) return Variant(value);
+        if (take("b")) {
+            auto byte = ofType(VT_UI1);
+            byte.put()->bVal = static_cast<BYTE>(value);
+            return byte;
+        }
         if (take("@")) return Variant(Currency{static_cast<std::int64_t>(value * 10000)});
         if (take("!")) {
             auto single = ofType(VT_R4);
@@ -204,20 +227,14 @@ void readCases(const std::string& path, const std::string& language, std::vector
         read.name = place;
         read.className = className;
         read.member = reader.name();
-        reader.need("(");
-        while (!reader.take(")")) {
-            if (!read.arguments.empty()) reader.need(",");
-            CaseArgument argument;
-            argument.byReference = reader.take("ref ");
-            if (reader.at(',')) {
-                argument.value.put()->vt = VT_ERROR;
-                argument.value.put()->scode = DISP_E_PARAMNOTFOUND;
-            } else {
-                argument.value = reader.value();
-            }
-            read.arguments.push_back(std::move(argument));
+        if (reader.take(":=")) {
+            read.use = Use::put;
+            read.arguments.push_back({reader.value(), false});
+        } else {
+            read.use = reader.at('(') ? Use::call : Use::get;
+            if (read.use == Use::call) read.arguments = reader.arguments();
+            reader.need("=");
         }
-        reader.need("=");
         if (reader.isFor(language)) cases.push_back(std::move(read));
     }
 }
@@ -241,6 +258,7 @@ std::string describeResult(const VARIANT& result) {
         case VT_R4: return value + "!";
         case VT_R8: return value + "#";
         case VT_CY: return value + "@";
+        case VT_UI1: return value + "b";
         case VT_BSTR:
         case VT_BOOL:
         case VT_DATE:

@@ -15,11 +15,15 @@ struct CaseArgument {
     bool byReference = false;
 };
 
+/// What the host does with the member.
+enum class Use { call, get, put };
+
 struct Case {
     std::string name;  // of its file and line
     std::wstring className;
     std::wstring member;
-    std::vector<CaseArgument> arguments;
+    Use use = Use::call;
+    std::vector<CaseArgument> arguments;  // the one that is put, for a property
 };
 
 /// Appends a file's cases for the settings of one language, "fr" or "en"; what they expect is left to the

@@ -44,10 +44,10 @@ function take_value() {
     if (substr(rest, 1, 1) == "\"") {
         kind = "text"
         take_text()
-    } else if (take("-?[0-9]+(\\.[0-9]+)?[%&!#@]?")) {
+    } else if (take("-?[0-9]+(\\.[0-9]+)?[%&!#@b]?")) {
         value = taken
         kind = "%"
-        if (match(value, /[%&!#@]$/)) {
+        if (match(value, /[%&!#@b]$/)) {
             kind = substr(value, RSTART)
             value = substr(value, 1, RSTART - 1)
         }
@@ -161,6 +161,7 @@ function vbs_value(    parts) {
     if (kind == "!") return "CSng(" value ")"
     if (kind == "#") return "CDbl(" value ")"
     if (kind == "@") return "CCur(" value ")"
+    if (kind == "b") return "CByte(" value ")"
     if (kind == "date") {
         split(value, parts, "-")
         return "DateSerial(" parts[1] + 0 ", " parts[2] + 0 ", " parts[3] + 0 ")"
@@ -182,7 +183,7 @@ function js_text(    i, result) {
 
 function js_value() {
     if (kind == "text") return js_text()
-    if (kind == "%" || kind == "&" || kind == "#") return value
+    if (kind == "%" || kind == "&" || kind == "#" || kind == "b") return value
     if (kind == "True" || kind == "False") return tolower(kind)
     if (kind == "Empty") return "undefined"
     if (kind == "Null") return "null"
@@ -195,15 +196,61 @@ function js_value() {
 
 function literal() { return target == "vbs" ? vbs_value() : js_value() }
 
+# What the case does, as it stands in the language: use is call, get or put.
+function statement(    called) {
+    called = target == "vbs" ? "o." member : "o[\"" member "\"]"
+    if (use == "put") return called " = " arguments
+    if (use == "call") called = called "(" arguments ")"
+    return (target == "vbs" ? "r = " : "return ") called
+}
+
+# Reads the arguments of a call; what a case does with variables is in variable and held.
+function take_arguments(    count, separator, by_reference, written) {
+    need("\\(")
+    for (count = 0; !take("\\)"); count++) {
+        if (count > 0) need(",")
+        separator = count > 0 ? ", " : ""
+        skip_blanks()
+        if (rest ~ /^,/) {
+            if (target == "js") inexpressible = "the language has no argument left out but at the end"
+            arguments = arguments separator
+            continue
+        }
+        by_reference = take("ref ")
+        take_value()
+        if (target == "expected") continue
+        written = literal()
+        if (by_reference) {
+            variable[++variables] = written
+            held[variables] = canonical_variable()
+            written = target == "vbs" ? "v" variables : "v[" variables - 1 "]"
+        }
+        arguments = arguments separator written
+    }
+}
+
+# Reads what is expected: a value, or the number of a failure.
+function take_answer() {
+    if (take("error [0-9]+")) {
+        answer = taken
+        return
+    }
+    if (use == "put") fail("writing gives no value: " rest)
+    take_value()
+    answer = canonical_result()
+    if (target == "js" && (kind == "@" || kind == "date"))
+        inexpressible = "the engine takes neither currency nor dates"
+}
+
 # A call with its variables named v1, v2, ...
 function emit(    place, separator, i) {
     if (inexpressible != "") {
         printf target == "vbs" ? "Skip \"%s\", \"%s\"\n" : "skip(\"%s\", \"%s\");\n", place_of_case(), inexpressible
     } else if (target == "vbs") {
         for (i = 1; i <= variables; i++) printf "v%d = %s\n", i, variable[i]
-        printf "r = Empty\nr = o.%s(%s)\nAnswer \"%s\", r, %d\n", member, arguments, place_of_case(), variables
+        printf "r = Empty\n%s\nAnswer \"%s\", r, %d\n", statement(), place_of_case(), variables
     } else {
-        printf "answer(\"%s\", function (v) { return o[\"%s\"](%s); }, [", place_of_case(), member, arguments
+        printf "answer(\"%s\", function (v) { %s; }, [", place_of_case(), statement()
         for (i = 1; i <= variables; i++) printf "%s%s", (i > 1 ? ", " : ""), variable[i]
         printf "]);\n"
     }
@@ -217,7 +264,7 @@ function canonical_variable() {
 }
 
 # A result has a type as well.
-function canonical_result() { return canonical_variable() (kind ~ /^[%&!#@]$/ ? kind : "") }
+function canonical_result() { return canonical_variable() (kind ~ /^[%&!#@b]$/ ? kind : "") }
 
 # A name as it stands in VBScript; in JScript its escapes do.
 function plain_name(name,    i, unit, result) {
@@ -271,35 +318,17 @@ take("class ") {
     inexpressible = ""
     arguments = ""
     variables = 0
-    need("\\(")
-    for (count = 0; !take("\\)"); count++) {
-        if (count > 0) need(",")
-        separator = count > 0 ? ", " : ""
-        skip_blanks()
-        if (rest ~ /^,/) {
-            if (target == "js") inexpressible = "the language has no argument left out but at the end"
-            arguments = arguments separator
-            continue
-        }
-        by_reference = take("ref ")
+    use = take(":=") ? "put" : rest ~ /^ *\(/ ? "call" : "get"
+    if (use == "call") take_arguments()
+    if (use == "put") {
         take_value()
-        if (target == "expected") continue
-        written = literal()
-        if (by_reference) {
-            variable[++variables] = written
-            held[variables] = canonical_variable()
-            written = target == "vbs" ? "v" variables : "v[" variables - 1 "]"
-        }
-        arguments = arguments separator written
+        if (target != "expected") arguments = literal()
+        answer = "Empty"
     }
-    need("=")
-    if (take("error [0-9]+")) {
-        answer = taken
-    } else {
-        take_value()
-        answer = canonical_result()
-        if (target == "js" && (kind == "@" || kind == "date"))
-            inexpressible = "the engine takes neither currency nor dates"
+    # Writing gives nothing, unless it fails.
+    if (use != "put" || rest ~ /^ *=/) {
+        need("=")
+        take_answer()
     }
     for (count = 1; take("ref "); count++) {
         take_value()

@@ -44,7 +44,17 @@ std::string describeRefusal(HRESULT refusal) {
         case DISP_E_OVERFLOW: return describeError(6, true);
         case DISP_E_BADPARAMCOUNT:
         case DISP_E_PARAMNOTOPTIONAL: return describeError(450, true);
+        case DISP_E_MEMBERNOTFOUND: return describeError(438, true);
         default: return describeFailure(refusal, true);
+    }
+}
+
+// Engines cannot tell a method from a property with arguments.
+WORD flagsOf(Use use) {
+    switch (use) {
+        case Use::get: return DISPATCH_PROPERTYGET;
+        case Use::put: return DISPATCH_PROPERTYPUT;
+        default: return DISPATCH_METHOD | DISPATCH_PROPERTYGET;
     }
 }
 
@@ -63,12 +73,17 @@ std::string callLateBound(IDispatch* object, Case& called) {
         reversed.push_back(given);
     }
     DISPPARAMS parameters{reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
+    DISPID theValue = DISPID_PROPERTYPUT;
+    if (called.use == Use::put) {
+        parameters.rgdispidNamedArgs = &theValue;
+        parameters.cNamedArgs = 1;
+    }
     Variant result;
     EXCEPINFO exception{};
     UINT badArgument = 0;
     const auto answer =
-        object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD | DISPATCH_PROPERTYGET, &parameters,
-                       result.put(), &exception, &badArgument);
+        object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flagsOf(called.use), &parameters,
+                       called.use == Use::put ? nullptr : result.put(), &exception, &badArgument);
     const Bstr source(exception.bstrSource), description(exception.bstrDescription),
         help(exception.bstrHelpFile);
     if (SUCCEEDED(answer)) return describeResult(result.raw());
@@ -86,12 +101,13 @@ void demand(HRESULT code, const char* what) {
 // A member as the type library describes it, for as long as this lives.
 class Description {
 public:
-    Description(ITypeInfo* type, DISPID member) : type_(type) {
-        for (UINT i = 0;; ++i) {
-            demand(type->GetFuncDesc(i, &function_), "a member is not described");
-            if (function_->memid == member && function_->invkind <= INVOKE_PROPERTYGET) return;
+    Description(ITypeInfo* type, DISPID member, Use use) : type_(type) {
+        for (UINT i = 0; SUCCEEDED(type->GetFuncDesc(i, &function_)); ++i) {
+            if (function_->memid == member && isFor(use)) return;
             type->ReleaseFuncDesc(function_);
         }
+        if (use == Use::put) throw Inexpressible{"a compiler refuses to write what can only be read"};
+        throw std::runtime_error("a member is not described");
     }
     Description(const Description&) = delete;
     Description& operator=(const Description&) = delete;
@@ -115,6 +131,14 @@ public:
     }
 
 private:
+    bool isFor(Use use) const {
+        switch (use) {
+            case Use::get: return function_->invkind == INVOKE_PROPERTYGET;
+            case Use::put: return function_->invkind == INVOKE_PROPERTYPUT;
+            default: return function_->invkind <= INVOKE_PROPERTYGET;
+        }
+    }
+
     ITypeInfo* type_;
     FUNCDESC* function_ = nullptr;
 };
@@ -213,7 +237,7 @@ std::string callByVtable(IDispatch* object, Case& called) {
     auto name = called.member.data();
     DISPID id = DISPID_UNKNOWN;
     if (FAILED(type->GetIDsOfNames(&name, 1, &id))) return "no such member";
-    const Description member(type.get(), id);
+    const Description member(type.get(), id, called.use);
     TypedArguments arguments(called, member);
     Variant result;
     const auto resultType = member.passed(member.function().elemdescFunc.tdesc);

@@ -12,7 +12,7 @@ function client_of(path) {
 function fits(given, wanted) {
     if (given ~ /^-?[0-9][^ "]*\?/) {
         sub(/\?/, "", given)
-        sub(/[%&!#@]/, "", wanted)
+        sub(/[%&!#@b]/, "", wanted)
     }
     return given == wanted
 }

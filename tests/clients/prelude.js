@@ -47,6 +47,7 @@ function value(result) {
 function failure(error) {
     var code = error.number >>> 0;
     switch (code) {
+        case 0x80020003: return "error 438";
         case 0x80020005: return "error 13";
         case 0x8002000A: return "error 6";
         case 0x8002000E: case 0x8002000F: return "error 450";

@@ -88,6 +88,7 @@ Function Value(result)
         Case "Single": Value = Number(result) & "!"
         Case "Double": Value = Number(result) & "#"
         Case "Currency": Value = Number(result) & "@"
+        Case "Byte": Value = Number(result) & "b"
         Case Else: Value = TypeName(result)
     End Select
 End Function

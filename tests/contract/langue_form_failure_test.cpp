@@ -1,5 +1,6 @@
 // A host that fails wherever it can: loading and saving a form go on, and miss no more than the step that
 // failed.
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <set>
@@ -208,6 +209,61 @@ TEST_F(LangueFailingForms, aHostThatFailsForGoodEndsThem) {
             EXPECT_LE(failing.log().size(), 400u) << narrow(broken);
         }
     }
+}
+
+TEST_F(LangueFailingForms, whatCannotBeReadIsNotWritten) {
+    std::vector<std::wstring> calls;
+    {
+        Form form;
+        fill(form);
+        load(form);
+        calls = callsOf(form.controls[0]);
+    }
+    for (const wchar_t* property : {L"Caption", L"Text", L"ToolTipText"}) {
+        const std::wstring read = std::wstring(L"get ") + property;
+        const auto place = std::find(calls.begin(), calls.end(), read) - calls.begin();
+        Form form;
+        fill(form);
+        form.controls[0].failCallWithNumber(static_cast<int>(place) + 1, 438);
+        load(form);
+        EXPECT_EQ(Names{std::wstring(L"lbl.") + property}, unchanged(form));
+        EXPECT_EQ(0u, form.controls[0].logged(std::wstring(L"put ") + property));
+    }
+}
+
+TEST_F(LangueFailingForms, onlyFailuresInARowEndTheWalk) {
+    Form form;
+    fill(form);
+    auto& last = form.controls[0];
+    std::vector<Variant> items(120, object(&form.controls[1]));
+    items.push_back(object(&last));
+    form.list.items(items, ScriptedObject::Walk::byEnumerator);
+    // The enumerator, an item, and from then on a failure before each.
+    for (int failing = 3; failing <= 2 * 120 + 1; failing += 2)
+        form.list.failCall(failing, RPC_E_DISCONNECTED);
+    load(form);
+    EXPECT_EQ(L"new", textIn(last, L"Caption"));
+    EXPECT_EQ(120u + 121u + 1u, form.list.logged(L"next"));
+}
+
+TEST_F(LangueFailingForms, aColourWithoutASignOverflowsNowhere) {
+    Form form;
+    fill(form);
+    Variant unsignedFace;
+    unsignedFace.put()->vt = VT_UI4;
+    unsignedFace.put()->ulVal = 0x8000000F;
+    put(L"ThemedOldColor", colour(buttonFace));
+    form.form.value(L"BackColor") = unsignedFace;
+    for (auto& control : form.controls) control.value(L"BackColor") = unsignedFace;
+    Intercept<decltype(VariantChangeTypeEx)> convert(component.module(), "oleaut32.dll",
+                                                     "VariantChangeTypeEx");
+    convert.answer([&](VARIANTARG* to, VARIANTARG* from, LCID locale, USHORT flags, VARTYPE type) {
+        // Windows refuses what has no place in a signed number; other systems let it wrap.
+        if (from->vt == VT_UI4 && from->ulVal > INT32_MAX && type == VT_I4) return DISP_E_OVERFLOW;
+        return convert.callOriginal(to, from, locale, flags, type);
+    });
+    load(form);
+    EXPECT_EQ(Names(), unchanged(form));
 }
 
 TEST_F(LangueFailingForms, resizingTellsItsCaller) {

@@ -86,6 +86,15 @@ TEST_F(LangueSaving, whatReachesTheSystem) {
     log.clear();
     save(form, L"NEW");
     EXPECT_EQ(written("C:\\App\\Languages\\NEW.lng"), log);
+    // Beside the language in use, wherever that is; when none is, the known folder does not count.
+    run(L"LngSetFileName", {text(L"C:\\App"), text(L"nord\\ENG")});
+    log.clear();
+    save(form, L"NEW");
+    EXPECT_EQ(written("C:\\App\\Languages\\nord\\NEW.lng"), log);
+    expectResult(call(L"LngSetLanguage", {text(L"")}), false);
+    log.clear();
+    save(form, L"NEW");
+    EXPECT_EQ(written("NEW.lng"), log);
     log.clear();
     run(L"LngFormSave", {nothing(), text(L"NEW")});
     EXPECT_EQ(CallLog(), log);
@@ -139,6 +148,9 @@ TEST_F(LangueRoundTrip, textsThatTheFormatHolds) {
                                              L"a#b",
                                              L"&OK && %%1",
                                              L"a  b",
+                                             L"a\tb",
+                                             L"\u00A0a\u00A0",
+                                             L"\r\n\ta\t\r\n",
                                              L"\r\n a \r\n",
                                              L"été €œ",
                                              L"«a b»",
@@ -164,6 +176,16 @@ TEST_F(LangueRoundTrip, textsThatItDoesNotHold) {
         {L"\" a \"", L"a"},
         {L"\"\"", L"design"},
         {L"\"'a'\"", L"'a'"},
+        // Tabs around a text are blanks to the system, which reads and writes it, but none to the trimming
+        // behind it: inside quotes they stay.
+        {L"\ta", L"a"},
+        {L"a\t", L"a"},
+        {L"\t a b \t", L"a b"},
+        {L"\t", L"design"},
+        {L"\t\"a\"\t", L"a"},
+        {L"\"\ta\t\"", L"\ta\t"},
+        {L"\" \ta\t \"", L"\ta\t"},
+        {L"\t\r\n\t", L"\r\n"},
         // What the escapes look like.
         {L"ÿ{l}", L"\r\n"},
         {L"aÿ{e}b", L"a=b"},

@@ -123,6 +123,13 @@ TEST_F(LangueForms, onlyATitleBarGetsATitle) {
     form.form.value(L"hwnd") = long32(0);
     load(form);
     EXPECT_EQ(L"Fiche", textIn(form.form, L"Caption"));
+    // A title without a translation stays.
+    Form unknown;
+    unknown.complete();
+    unknown.form.value(L"Name") = text(L"frmElse");
+    load(unknown);
+    EXPECT_EQ(L"Fiche", textIn(unknown.form, L"Caption"));
+    EXPECT_EQ(0u, unknown.form.logged(L"put Caption"));
 }
 
 TEST_F(LangueForms, aSubstituteSharesTheTextsOfItsControls) {
@@ -166,6 +173,12 @@ TEST_F(LangueForms, coloursOfForms) {
         load(form);
         EXPECT_EQ(row.after, numberIn(form.form, L"BackColor")) << row.applies << narrow(row.tag);
     }
+    // The tag only matters where a theme applies.
+    theme(false);
+    ScriptedObject untagged;
+    untagged.property(L"BackColor", colour(marked));
+    run(L"LngFormLoad", {object(&untagged), nothing()});
+    EXPECT_EQ(buttonFace, numberIn(untagged, L"BackColor"));
 }
 
 TEST_F(LangueForms, coloursOfControls) {
@@ -278,6 +291,20 @@ TEST_F(LangueForms, resizingFollowsTheContainersScale) {
         EXPECT_EQ(S_OK, resize(form, check).code);
         EXPECT_EQ(930, widthOf(check));
         check.value(L"Container") = Variant();
+    }
+    {
+        // Whatever the label calls its text, it is what the label stands for.
+        Form form;
+        auto& option = form.add(L"OptionButton", L"opt", L"x");
+        ScriptedObject otherLabel;
+        otherLabel.property(L"Font", nothing())
+            .property(L"Inhalt", text(L""))
+            .property(L"Width", short16(40))
+            .property(L"Container", object(&form.measuring))
+            .defaultMember(L"Inhalt");
+        EXPECT_EQ(S_OK, call(L"LngRedimCtl", {object(&option), object(&otherLabel), text(L"été")}).code);
+        EXPECT_EQ(930, widthOf(option));
+        EXPECT_EQ(L"été", textIn(otherLabel, L"Inhalt"));
     }
     for (const wchar_t* className : {L"Label", L"CommandButton", L"TextBox", L"checkbox"}) {
         Form form;

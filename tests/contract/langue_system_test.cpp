@@ -110,6 +110,13 @@ TEST_F(Langue, whatReachesTheSystem) {
                                                           "WritePrivateProfileStringA", &log);
     read.answer([](LPCSTR, LPCSTR, LPCSTR, LPSTR, DWORD, LPCSTR) { return DWORD{0}; });
     write.answer([](LPCSTR, LPCSTR, LPCSTR, LPCSTR) { return FALSE; });
+    // Without a language there is no file: one without a name would be a file of the system's own.
+    EXPECT_EQ(L"**********", textOf(L"LoadMsgLng", {text(L"m")}));
+    EXPECT_EQ(L"", textOf(L"LoadCtlLng", {text(L"frmMain"), text(L"opt"), long32(2)}));
+    EXPECT_EQ(L"", textOf(L"LngSpecialInfos", {long32(2)}));
+    run(L"LngSaveMsg", {text(L"m"), text(L"x")});
+    run(L"LngFormLoad", {nothing(), nothing()});
+    EXPECT_EQ(CallLog(), log);
     run(L"LngSetFileName", {text(L"C:\\App"), text(L"ENG")});
     EXPECT_EQ(L"**********", textOf(L"LoadCtlLng", {text(L"frmMain"), text(L"opt"), long32(2), short16(4)}));
     run(L"LngSaveMsg", {text(L"m"), text(L"a\r\nb")});

@@ -217,10 +217,17 @@ TEST_F(Langue, valuesTakeTheirPlaces) {
     Variant array;
     array.put()->parray = SafeArrayCreateVector(VT_VARIANT, 0, 1);
     array.put()->vt = VT_ARRAY | VT_VARIANT;
-    for (const Variant& value : {nullValue(), nothing(), object(&dumb), array}) {
+    Variant error;
+    error.put()->vt = VT_ERROR;
+    error.put()->scode = E_FAIL;
+    for (const Variant& value : {nullValue(), nothing(), object(&dumb), array, error}) {
         EXPECT_EQ(L"%%1,b,%%3,%%4,%%5,%%1", textOf(L"LoadMsgLng", {text(L"all"), false, value, text(L"b")}))
             << describe(value.raw());
     }
+    // What a host hands on that it was not given itself is left out too.
+    Variant handedOn = missing();
+    EXPECT_EQ(L"%%1,b,%%3,%%4,%%5,%%1",
+              textOf(L"LoadMsgLng", {text(L"all"), false, byReference(handedOn), text(L"b")}));
     // The marker is a message like any other.
     EXPECT_EQ(marker, textOf(L"LoadMsgLng", {text(L"absent"), true, text(L"x")}));
     const std::wstring million(1'000'000, L'm');

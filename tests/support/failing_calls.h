@@ -58,6 +58,9 @@ inline int failEachCall(HMODULE module, const Fault& fault, const std::string& w
                         const std::function<std::string()>& use, const std::string& right,
                         const std::set<std::string>& whenFailed) {
     constexpr int enough = 1000;
+    // Counting keeps handles of its own, and knows only blocks that were made after the first count began:
+    // what the first use replaces, every later one does too.
+    const MemoryCount fromHereOn;
     EXPECT_EQ(right, use()) << what;
     for (int number = 1; number < enough; ++number) {
         const auto where = what + ", " + fault.name + " " + std::to_string(number);
