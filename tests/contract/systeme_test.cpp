@@ -352,7 +352,7 @@ TEST_F(Systeme, localeItemsAreTheUsers) {
     Intercept<decltype(GetLocaleInfoA)> locale(module, "kernel32.dll", "GetLocaleInfoA", &log);
     locale.failCall(1, 0);
     EXPECT_EQ(L"", textOf(L"SysSymboleMonétaire", {long32(20)}));
-    EXPECT_EQ(CallLog{"GetLocaleInfoA(1024, 20, set, 50)"}, log);
+    EXPECT_EQ(CallLog{"GetLocaleInfoA(1024, 20, set, 49)"}, log);
 }
 
 TEST_F(Systeme, windowsIsNamed) {
