@@ -296,6 +296,11 @@ TEST_F(Shell, whatReachesTheShell) {
     EXPECT_NE(std::string::npos, log[0].find("\"Open\", \"\", null"));
     EXPECT_NE(std::string::npos, where) << log[1];
     EXPECT_EQ(0u, log[1].find("ShellExecuteA(set, \"Open\", \"f.vla\", null, "));
+    // 259 characters are the longest path that is asked about.
+    log.clear();
+    for (const std::size_t length : {259u, 260u})
+        EXPECT_EQ(length < 260 ? 33 : 2, open(L"C:\\" + std::wstring(length - 7, L'x') + L".vla").raw().lVal);
+    EXPECT_EQ(1u, log.size());
     // A current folder that cannot be told is left to the shell.
     log.clear();
     Intercept<decltype(GetCurrentDirectoryA)> current(module, "kernel32.dll", "GetCurrentDirectoryA");
