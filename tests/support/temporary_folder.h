@@ -19,6 +19,8 @@ public:
         GetTempPathW(MAX_PATH, shortForm);
         GetLongPathNameW(shortForm, root, MAX_PATH);
         path_ = root + (L"essai été " + std::to_wstring(GetCurrentProcessId()));
+        // Process numbers come back, and a run that was interrupted may have left its folder.
+        if (exists(path_)) remove(path_);
         EXPECT_TRUE(CreateDirectoryW(path_.c_str(), nullptr)) << GetLastError();
     }
     TemporaryFolder(const TemporaryFolder&) = delete;
