@@ -9,6 +9,7 @@
 #include "support/dialog_watcher.h"
 #include "support/import_patch.h"
 #include "support/memory_count.h"
+#include "support/resource_count.h"
 #include "support/temporary_folder.h"
 
 namespace vorla::test {
@@ -24,11 +25,7 @@ const std::wstring& childPath() {
     return path;
 }
 
-DWORD handleCount() {
-    DWORD count = 0;
-    GetProcessHandleCount(GetCurrentProcess(), &count);
-    return count;
-}
+unsigned handleCount() { return Resources::held().handles; }
 
 std::wstring currentFolder() {
     wchar_t path[MAX_PATH];
@@ -299,6 +296,11 @@ TEST_F(Shell, whatReachesTheShell) {
     EXPECT_NE(std::string::npos, log[0].find("\"Open\", \"\", null"));
     EXPECT_NE(std::string::npos, where) << log[1];
     EXPECT_EQ(0u, log[1].find("ShellExecuteA(set, \"Open\", \"f.vla\", null, "));
+    // 259 characters are the longest path that is asked about.
+    log.clear();
+    for (const std::size_t length : {259u, 260u})
+        EXPECT_EQ(length < 260 ? 33 : 2, open(L"C:\\" + std::wstring(length - 7, L'x') + L".vla").raw().lVal);
+    EXPECT_EQ(1u, log.size());
     // A current folder that cannot be told is left to the shell.
     log.clear();
     Intercept<decltype(GetCurrentDirectoryA)> current(module, "kernel32.dll", "GetCurrentDirectoryA");
@@ -436,6 +438,16 @@ TEST_F(Finding, theProgramsPathMayFillTheSystemsBuffer) {
     EXPECT_EQ(L"", find(L"C:\\x.vla", true));
 }
 
+// A file that only seems to be missing is not taken for a placeholder: it is neither emptied nor deleted.
+TEST_F(Finding, aFileThatCannotBeAskedAboutIsKept) {
+    const auto file = temporary.file(L"gardé.vla", "contenu");
+    Intercept<decltype(GetFileAttributesA)> attribute(module, "kernel32.dll", "GetFileAttributesA");
+    attribute.failCall(1, INVALID_FILE_ATTRIBUTES, ERROR_ACCESS_DENIED);
+    EXPECT_TRUE(sameFile(childPath(), find(file)));
+    EXPECT_NE(std::string::npos, asked.find("\\gard\xE9.vla"));
+    EXPECT_EQ(3u, contentOf(file).size());
+}
+
 // Each system call of both ways to a placeholder fails in turn: an answer, no error, no file left.
 TEST_F(Finding, noFailureLeavesAPlaceholder) {
     Intercept<decltype(GetFileAttributesA)> attribute(module, "kernel32.dll", "GetFileAttributesA");
@@ -559,6 +571,8 @@ TEST_F(Waiting, everyFailureIsFalseAndLeavesNoHandle) {
     const auto command = childThatEndsWith(0);
     SetEvent(event);
     expectResult(wait(command), true);
+    // The runtime makes a lock for its exceptions with the first of them, and keeps it.
+    expectResult(wait(L"rien-de-tel.exe"), false);
     const auto handles = handleCount();
     {
         Intercept<decltype(OpenProcess)> open_(module, "kernel32.dll", "OpenProcess");

@@ -136,6 +136,21 @@ TEST_F(ProfileTest, whatReachesTheSystem) {
               log);
     writing.failCall(1, 0, ERROR_ACCESS_DENIED);
     EXPECT_EQ(0, IniEcriture(L"f", L"s", L"c", L"v", false));
+    // A path that is too long becomes one that no file can have.
+    Intercept<decltype(GetPrivateProfileStringA)> reading(program, "kernel32.dll", "GetPrivateProfileStringA",
+                                                          &log);
+    log.clear();
+    const Text longest(259, L'x');
+    for (const Text& path : {longest, longest + L"x"}) {
+        IniEcriture(path, L"s", L"c", L"v", false);
+        IniLecture(path, L"s", L"c", L"d", false);
+    }
+    const auto asked = "\"" + std::string(259, 'x') + "\")";
+    EXPECT_EQ((CallLog{"WritePrivateProfileStringA(\"s\", \"c\", \"v\", " + asked,
+                       "GetPrivateProfileStringA(\"s\", \"c\", \"d\", set, 1026, " + asked,
+                       "WritePrivateProfileStringA(\"s\", \"c\", \"v\", \"?:\\\")",
+                       "GetPrivateProfileStringA(\"s\", \"c\", \"d\", set, 1026, \"?:\\\")"}),
+              log);
 }
 
 TEST_F(ProfileTest, whatTheSystemAnswers) {

@@ -131,7 +131,7 @@ TEST(InfoLocale, ofTheUsersOwnLocale) {
     CallLog log;
     Intercept<decltype(GetLocaleInfoA)> locale(program, "kernel32.dll", "GetLocaleInfoA", &log);
     InfoLocale(LOCALE_SDECIMAL);
-    EXPECT_EQ(CallLog{"GetLocaleInfoA(1024, 14, set, 50)"}, log);
+    EXPECT_EQ(CallLog{"GetLocaleInfoA(1024, 14, set, 49)"}, log);
 }
 
 TEST(InfoLocale, whatTheSystemAnswers) {
@@ -144,9 +144,9 @@ TEST(InfoLocale, whatTheSystemAnswers) {
         return static_cast<int>(answered.size()) + 1;
     });
     EXPECT_EQ(L"", InfoLocale(1));
+    answered = std::string(48, 'x');
+    EXPECT_EQ(Text(48, L'x'), InfoLocale(1));
     answered = std::string(49, 'x');
-    EXPECT_EQ(Text(49, L'x'), InfoLocale(1));
-    answered = std::string(50, 'x');
     EXPECT_EQ(L"", InfoLocale(1));
     answered.assign("ab\0cd", 5);
     EXPECT_EQ(L"ab", InfoLocale(1));
@@ -156,12 +156,12 @@ TEST(InfoLocale, whatTheSystemAnswers) {
         return 0;
     });
     EXPECT_EQ(L"", InfoLocale(1));
-    // A buffer without a NUL ends with the buffer.
+    // An item without a NUL ends with its room.
     locale.answer([](LCID, LCTYPE, LPSTR buffer, int size) -> int {
         std::string(50, 'y').copy(buffer, static_cast<std::size_t>(size));
         return size;
     });
-    EXPECT_EQ(Text(50, L'y'), InfoLocale(1));
+    EXPECT_EQ(Text(49, L'y'), InfoLocale(1));
 }
 
 TEST(TypeLecteur, asksForTheRoot) {

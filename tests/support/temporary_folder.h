@@ -19,7 +19,7 @@ public:
         GetTempPathW(MAX_PATH, shortForm);
         GetLongPathNameW(shortForm, root, MAX_PATH);
         path_ = root + (L"essai été " + std::to_wstring(GetCurrentProcessId()));
-        // Numbers of processes come again, and an interrupted test leaves its folder behind.
+        // Process numbers come back, and a run that was interrupted may have left its folder.
         if (exists(path_)) remove(path_);
         EXPECT_TRUE(CreateDirectoryW(path_.c_str(), nullptr)) << GetLastError();
     }

@@ -26,8 +26,9 @@ WinVer VersionWindows(Text& Nom) {
 }
 
 Text InfoLocale(std::int32_t Element) {
+    // Of 50 characters the system is told of 49, its NUL among them: hosts get no longer items.
     char buffer[50] = "";
-    if (GetLocaleInfoA(LOCALE_USER_DEFAULT, static_cast<LCTYPE>(Element), buffer, std::size(buffer)) == 0)
+    if (GetLocaleInfoA(LOCALE_USER_DEFAULT, static_cast<LCTYPE>(Element), buffer, std::size(buffer) - 1) == 0)
         return {};
     return fromAnsiBuffer({buffer, std::size(buffer)});
 }

@@ -13,7 +13,7 @@ namespace vorla {
 WinVer VersionWindows(Text& Nom);
 
 /// One item of the user's locale, up to its first NUL character. Empty for an item that does not exist or
-/// has more than 49 characters.
+/// has more than 48 characters.
 Text InfoLocale(std::int32_t Element);
 
 /// The type of the drive that the path lies on. A path without a drive lies on the current one.
