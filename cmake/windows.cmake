@@ -91,12 +91,15 @@ add_custom_command(
     DEPENDS write_type_library
     COMMENT "Writing Vorla6.tlb")
 
-add_library(Vorla6 SHARED src/frame/com/exports.cpp src/vorla6.def src/vorla6.rc)
+add_library(Vorla6 SHARED
+    src/frame/com/exports.cpp src/frame/com/runtime_locks.cpp src/vorla6.def src/vorla6.rc)
 set_source_files_properties(src/vorla6.rc PROPERTIES OBJECT_DEPENDS ${type_library})
 target_include_directories(Vorla6 PRIVATE ${CMAKE_BINARY_DIR})
 vorla_link(Vorla6 vorla_rules vorla_frame vorla_classes)
 set_target_properties(Vorla6 PROPERTIES PREFIX "" RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
 target_link_options(Vorla6 PRIVATE
+    LINKER:--wrap=$<IF:$<EQUAL:${CMAKE_SIZEOF_VOID_P},8>,__imp_CreateSemaphoreW,_imp__CreateSemaphoreW@16>
+    LINKER:--wrap=__gthr_win32_mutex_destroy
     -s -Wl,--enable-stdcall-fixup,--no-insert-timestamp,--disable-auto-image-base)
 
 add_subdirectory(bench)

@@ -3,6 +3,7 @@
 #include <set>
 
 #include "contract/component.h"
+#include "support/resource_count.h"
 
 namespace vorla::test {
 namespace {
@@ -185,6 +186,21 @@ TEST(Module, loadsCallsAndUnloadsOnSeveralThreads) {
         CloseHandle(threads[i]);
     }
     EXPECT_EQ(nullptr, GetModuleHandleW(L"Vorla6.dll"));
+}
+
+TEST(Module, loadingAndUnloadingKeepsNothingOpen) {
+    const auto loadAndUnload = [](int rounds) {
+        Work work{COINIT_APARTMENTTHREADED, rounds};
+        const HANDLE thread = CreateThread(nullptr, 0, &loadCallUnload, &work, 0, nullptr);
+        EXPECT_EQ(WAIT_OBJECT_0, WaitForSingleObject(thread, 60'000));
+        CloseHandle(thread);
+        EXPECT_EQ(0, work.failures);
+    };
+    loadAndUnload(2);
+    ASSERT_EQ(nullptr, GetModuleHandleW(L"Vorla6.dll"));
+    const auto before = Resources::held();
+    loadAndUnload(50);
+    EXPECT_EQ(before, Resources::held());
 }
 
 }  // namespace
