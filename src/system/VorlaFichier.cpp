@@ -13,6 +13,7 @@
 #include "frame/values/failure.h"
 #include "frame/values/unique_handle.h"
 #include "system/drive_tray.h"
+#include "system/file_calls.h"
 #include "system/file_dates.h"
 #include "system/file_sizes.h"
 #include "system/file_types.h"
@@ -26,11 +27,6 @@ Text storedName(TextView path) {
     WIN32_FIND_DATAA found;
     const FileSearch search(FindFirstFileA(toAnsi(path).c_str(), &found));
     return search ? fromAnsi(found.cFileName) : Text();
-}
-
-// For calls on files that answer whether they worked.
-void checkFile(bool done) {
-    if (!done) throw RuntimeError(ErrorNumber::fileNotFound);
 }
 
 std::string contentOf(TextView path) {

@@ -7,13 +7,10 @@
 #include "frame/values/ansi.h"
 #include "frame/values/runtime_error.h"
 #include "frame/values/unique_handle.h"
+#include "system/file_calls.h"
 
 namespace vorla {
 namespace {
-
-void checkFile(bool done) {
-    if (!done) throw RuntimeError(ErrorNumber::fileNotFound);
-}
 
 void checkDate(bool done) {
     if (!done) throw RuntimeError(ErrorNumber::invalidProcedureCall);
