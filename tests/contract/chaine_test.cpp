@@ -16,28 +16,11 @@ protected:
     const Dispatch object = component.create(0);
 };
 
-Variant short16(int value) { return static_cast<std::int16_t>(value); }
-Variant long32(int value) { return static_cast<std::int32_t>(value); }
-
 Variant decimal(const wchar_t* value) {
     Variant result;
     result.put()->decVal = {};
     EXPECT_EQ(S_OK, VarDecFromStr(const_cast<LPOLESTR>(value), 0x0409, LOCALE_NOUSEROVERRIDE, &result.put()->decVal));
     result.put()->vt = VT_DECIMAL;
-    return result;
-}
-
-Variant single(float value) {
-    Variant result;
-    result.put()->vt = VT_R4;
-    result.put()->fltVal = value;
-    return result;
-}
-
-Variant octet(int value) {
-    Variant result;
-    result.put()->vt = VT_UI1;
-    result.put()->bVal = static_cast<BYTE>(value);
     return result;
 }
 

@@ -20,8 +20,6 @@ namespace {
 constexpr std::uint16_t numberOfFichier = 5;
 constexpr int creation = 0, modification = 1, access = 2;
 
-Variant long32(int value) { return static_cast<std::int32_t>(value); }
-
 unsigned openHandles() { return Resources::held().handles; }
 
 // Days since 30 December 1899.

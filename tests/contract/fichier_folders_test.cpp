@@ -21,8 +21,6 @@ constexpr std::uint16_t numberOfFichier = 5;
 
 using Texts = std::vector<std::wstring>;
 
-Variant long32(int value) { return static_cast<std::int32_t>(value); }
-
 // No machine has this drive; nothing can be created there.
 constexpr const wchar_t* nowhere = L"Q:\\Données\\été";
 

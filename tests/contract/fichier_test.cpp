@@ -30,8 +30,6 @@ protected:
     const Dispatch object = component.create(numberOfFichier);
 };
 
-Variant long32(int value) { return static_cast<std::int32_t>(value); }
-
 // A path too long for the system, of names that are not.
 std::wstring tooLong() {
     std::wstring path = L"C:";

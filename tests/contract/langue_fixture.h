@@ -14,9 +14,6 @@ namespace vorla::test {
 
 constexpr std::uint16_t numberOfLangue = 8;
 
-inline Variant short16(int value) { return static_cast<std::int16_t>(value); }
-inline Variant long32(int value) { return static_cast<std::int32_t>(value); }
-
 using Texts = std::vector<std::wstring>;
 
 class Langue : public testing::Test {

@@ -23,23 +23,6 @@ protected:
     const Dispatch object = component.create(1);
 };
 
-Variant short16(int value) { return static_cast<std::int16_t>(value); }
-Variant long32(int value) { return static_cast<std::int32_t>(value); }
-
-Variant single(float value) {
-    Variant result;
-    result.put()->vt = VT_R4;
-    result.put()->fltVal = value;
-    return result;
-}
-
-Variant octet(int value) {
-    Variant result;
-    result.put()->vt = VT_UI1;
-    result.put()->bVal = static_cast<BYTE>(value);
-    return result;
-}
-
 // The user's sign, and the one that he does not use.
 std::wstring own(std::wstring text) {
     for (auto& character : text)

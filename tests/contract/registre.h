@@ -18,8 +18,6 @@ inline constexpr std::int32_t classesRoot = -2147483647 - 1, currentUser = -2147
 inline constexpr std::int32_t regString = 1, regExpandable = 2, regBinary = 3, regNumber = 4;
 inline constexpr HRESULT hostFailure = static_cast<HRESULT>(0x800A01C9);
 
-inline Variant long32(std::int32_t value) { return value; }
-
 /// A collection of the host's: it keeps what is added, and knows nothing but Add.
 class Collection : public ScriptedObject {
 public:

@@ -17,15 +17,6 @@
 namespace vorla::test {
 namespace {
 
-Variant short16(int value) { return static_cast<std::int16_t>(value); }
-
-Variant octet(int value) {
-    Variant result;
-    result.put()->vt = VT_UI1;
-    result.put()->bVal = static_cast<BYTE>(value);
-    return result;
-}
-
 TEST_F(Systeme, membersHaveTheIdentifiersOfTheirPlaces) {
     const wchar_t* const methods[] = {L"SysDisqueNumero",
                                       L"SysDisqueLabel",

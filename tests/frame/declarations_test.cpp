@@ -163,13 +163,6 @@ TEST(Declarations, temporaryNamesNeedAFolder) {
     EXPECT_EQ(L"", CheminTemporaire(L"abc", extension));
 }
 
-Variant single(float value) {
-    Variant result;
-    result.put()->vt = VT_R4;
-    result.put()->fltVal = value;
-    return result;
-}
-
 std::string larger(const Variant& one, const Variant& other) {
     return describe(MaxVar(one.view(), other.view()).raw());
 }

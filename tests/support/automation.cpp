@@ -59,6 +59,23 @@ Variant object(IDispatch* referred) {
 
 Variant text(std::wstring_view value) { return Variant(value); }
 
+Variant short16(int value) { return static_cast<std::int16_t>(value); }
+Variant long32(int value) { return static_cast<std::int32_t>(value); }
+
+Variant octet(int value) {
+    Variant result;
+    result.put()->vt = VT_UI1;
+    result.put()->bVal = static_cast<BYTE>(value);
+    return result;
+}
+
+Variant single(float value) {
+    Variant result;
+    result.put()->vt = VT_R4;
+    result.put()->fltVal = value;
+    return result;
+}
+
 DISPID idOf(IDispatch* object, const wchar_t* name) {
     auto asked = const_cast<LPOLESTR>(name);
     DISPID id = -77;

@@ -51,6 +51,10 @@ Variant missing();
 Variant nothing();
 Variant object(IDispatch* object);
 Variant text(std::wstring_view text);
+Variant short16(int value);
+Variant long32(int value);
+Variant octet(int value);
+Variant single(float value);
 
 DISPID idOf(IDispatch* object, const wchar_t* name);
 
