@@ -2,14 +2,13 @@
 // system's dispatch over a type library, and through the vtable.
 #pragma once
 
-#include <windows.h>
-
 #include <cstdint>
 #include <initializer_list>
 #include <vector>
 
 #include "frame/values/unique_handle.h"
 #include "frame/values/variant.h"
+#include "frame/values/winapi.h"
 
 namespace vorla::bench {
 

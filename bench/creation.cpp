@@ -1,5 +1,5 @@
 // An object from its class factory and back, against a class of the system's own.
-#include "frame/contract/catalogue.h"
+#include "frame/com/catalogue.h"
 #include "subjects.h"
 
 namespace vorla::bench {

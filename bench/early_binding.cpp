@@ -2,7 +2,7 @@
 // the same string with one allocation.
 #include <algorithm>
 
-#include "frame/contract/catalogue.h"
+#include "frame/com/catalogue.h"
 #include "subjects.h"
 
 namespace vorla::bench {

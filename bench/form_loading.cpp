@@ -4,7 +4,7 @@
 #include <functional>
 #include <memory>
 
-#include "frame/contract/catalogue.h"
+#include "frame/com/catalogue.h"
 #include "frame/values/ansi.h"
 #include "subjects.h"
 

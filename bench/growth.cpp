@@ -4,7 +4,7 @@
 #include <functional>
 #include <memory>
 
-#include "frame/contract/catalogue.h"
+#include "frame/com/catalogue.h"
 #include "subjects.h"
 
 namespace vorla::bench {

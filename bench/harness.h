@@ -2,13 +2,12 @@
 // and a result that is compared before the first slice.
 #pragma once
 
-#include <windows.h>
-
 #include <cstdio>
 #include <functional>
 #include <string>
 #include <vector>
 
+#include "frame/values/winapi.h"
 #include "results.h"
 
 namespace vorla::bench {

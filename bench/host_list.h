@@ -1,11 +1,10 @@
 // A list of a host, as the benchmark drives it.
 #pragma once
 
-#include <windows.h>
-
 #include <vector>
 
 #include "frame/values/bstr.h"
+#include "frame/values/winapi.h"
 
 namespace vorla::bench {
 

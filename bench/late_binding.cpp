@@ -2,8 +2,8 @@
 // dispatch to the system.
 #include <algorithm>
 
+#include "frame/com/catalogue.h"
 #include "frame/com/instance.h"
-#include "frame/contract/catalogue.h"
 #include "frame/specimen.h"
 #include "subjects.h"
 

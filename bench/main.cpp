@@ -50,9 +50,8 @@ std::wstring wide(const char* text) {
 // The groups do not depend on each other: what one of them lacks must not hide the others.
 bool measureAll(Bench& bench, const Component& component) {
     bool correct = true;
-    for (const auto measure :
-         {measureLateBinding, measureEarlyBinding, measureCreation, measureHostObjects, measureGrowth,
-          measureFormLoading}) {
+    for (const auto measure : {measureLateBinding, measureEarlyBinding, measureCreation, measureHostObjects,
+                               measureGrowth, measureFormLoading}) {
         try {
             measure(bench, component);
         } catch (const std::exception& error) {

@@ -1,14 +1,13 @@
 // What timed calls give, compared before anything is timed.
 #pragma once
 
-#include <windows.h>
-
 #include <concepts>
 #include <stdexcept>
 #include <string>
 
 #include "frame/values/bstr.h"
 #include "frame/values/variant.h"
+#include "frame/values/winapi.h"
 
 namespace vorla::bench {
 

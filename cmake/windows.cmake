@@ -13,13 +13,13 @@ add_library(vorla_frame OBJECT
     src/frame/com/module.cpp
     src/frame/com/publication.cpp
     src/frame/com/registration.cpp
-    src/frame/declarations/browsing.cpp
-    src/frame/declarations/comparison.cpp
-    src/frame/declarations/files.cpp
-    src/frame/declarations/host_queries.cpp
-    src/frame/declarations/profile.cpp
-    src/frame/declarations/system_queries.cpp
-    src/frame/declarations/waiting.cpp
+    src/frame/shared/browsing.cpp
+    src/frame/shared/comparison.cpp
+    src/frame/shared/files.cpp
+    src/frame/shared/host_queries.cpp
+    src/frame/shared/profile.cpp
+    src/frame/shared/system_queries.cpp
+    src/frame/shared/waiting.cpp
     src/frame/host/bound_object.cpp
     src/frame/host/error_object.cpp
     src/frame/host/globals.cpp
@@ -36,8 +36,8 @@ add_library(vorla_frame OBJECT
 target_link_libraries(vorla_frame PUBLIC vorla_rules oleaut32 ole32 uuid)
 
 add_library(vorla_classes OBJECT
-    src/frame/contract/catalogue.cpp
-    src/frame/contract/eEnum.publication.cpp
+    src/frame/com/catalogue.cpp
+    src/frame/com/eEnum.publication.cpp
     src/graphics/PaintEffects.publication.cpp
     src/graphics/VorlaGraphique.publication.cpp
     src/language/VorlaLangue.cpp

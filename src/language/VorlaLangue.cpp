@@ -1,18 +1,17 @@
 #include "language/VorlaLangue.h"
 
-#include <windows.h>
-
 #include <array>
 #include <vector>
 
-#include "frame/declarations/files.h"
-#include "frame/declarations/paths.h"
-#include "frame/declarations/profile.h"
 #include "frame/host/bound_object.h"
+#include "frame/shared/files.h"
+#include "frame/shared/paths.h"
+#include "frame/shared/profile.h"
 #include "frame/values/ansi.h"
 #include "frame/values/conversions.h"
 #include "frame/values/failure.h"
 #include "frame/values/unique_handle.h"
+#include "frame/values/winapi.h"
 #include "language/form_translation.h"
 #include "language/language_format.h"
 #include "language/language_store.h"

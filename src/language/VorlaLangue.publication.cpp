@@ -1,17 +1,17 @@
 #include "language/VorlaLangue.h"
 
+#include "frame/com/catalogue.h"
 #include "frame/com/publish.h"
-#include "frame/contract/catalogue.h"
 
 namespace vorla {
 
-PUBLISH(VorlaLangue, FIELD(ThemedBackColorApply), FIELD(ThemedBackColor), FIELD(ThemedTabBackColor),
-        FIELD(ThemedBackColorDef), FIELD(ThemedOldColor), PROPERTY_GET(lngMesNull, lngMesNull),
-        PROPERTY_GET(LngSeparator, LngSeparator), PROPERTY_GET(LngDefStatus, LngDefStatus),
-        PROPERTY_GET(LngExtension, LngExtension), PROPERTY_GET(LngExtensionStatus, LngExtensionStatus),
-        PROPERTY_GET(iniLngSys, iniLngSys), PROPERTY_GET(strMesConst, strMesConst),
-        PROPERTY_GET(lngDefaulltLanguage, lngDefaulltLanguage), PROPERTY_GET(PathOfLang, PathOfLang),
-        PROPERTY_GET(LngGetFileName, LngGetFileName),
+PUBLISH(VorlaLangue, DATA_MEMBER(ThemedBackColorApply), DATA_MEMBER(ThemedBackColor),
+        DATA_MEMBER(ThemedTabBackColor), DATA_MEMBER(ThemedBackColorDef), DATA_MEMBER(ThemedOldColor),
+        PROPERTY_GET(lngMesNull, lngMesNull), PROPERTY_GET(LngSeparator, LngSeparator),
+        PROPERTY_GET(LngDefStatus, LngDefStatus), PROPERTY_GET(LngExtension, LngExtension),
+        PROPERTY_GET(LngExtensionStatus, LngExtensionStatus), PROPERTY_GET(iniLngSys, iniLngSys),
+        PROPERTY_GET(strMesConst, strMesConst), PROPERTY_GET(lngDefaulltLanguage, lngDefaulltLanguage),
+        PROPERTY_GET(PathOfLang, PathOfLang), PROPERTY_GET(LngGetFileName, LngGetFileName),
         PROPERTY_GET(LngGetFileNameStatus, LngGetFileNameStatus),
         PROPERTY_GET(LngFolder, LngFolder, optional(L"TypeRep", eFileN::efRépertoire)),
         METHOD(LngSetFileName, L"AppPath", L"Code"), METHOD(LngSetLanguage, L"Language"),

@@ -1,14 +1,13 @@
 #include "language/form_translation.h"
 
-#include <windows.h>
-
-#include "frame/declarations/host_queries.h"
-#include "frame/declarations/profile.h"
 #include "frame/host/bound_object.h"
 #include "frame/host/host_items.h"
 #include "frame/host/object_kinds.h"
+#include "frame/shared/host_queries.h"
+#include "frame/shared/profile.h"
 #include "frame/values/conversions.h"
 #include "frame/values/failure.h"
+#include "frame/values/winapi.h"
 #include "language/language_format.h"
 #include "language/language_store.h"
 

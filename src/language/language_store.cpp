@@ -1,7 +1,7 @@
 #include "language/language_store.h"
 
-#include "frame/declarations/fields.h"
-#include "frame/declarations/profile.h"
+#include "frame/shared/fields.h"
+#include "frame/shared/profile.h"
 #include "frame/values/failure.h"
 #include "frame/values/per_thread.h"
 #include "language/language_format.h"

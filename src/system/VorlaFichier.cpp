@@ -1,17 +1,16 @@
 #include "system/VorlaFichier.h"
 
-#include <windows.h>
-
-#include "frame/declarations/browsing.h"
-#include "frame/declarations/files.h"
-#include "frame/declarations/paths.h"
 #include "frame/host/bound_object.h"
 #include "frame/host/globals.h"
 #include "frame/host/message_box.h"
+#include "frame/shared/browsing.h"
+#include "frame/shared/files.h"
+#include "frame/shared/paths.h"
 #include "frame/values/ansi.h"
 #include "frame/values/conversions.h"
 #include "frame/values/failure.h"
 #include "frame/values/unique_handle.h"
+#include "frame/values/winapi.h"
 #include "system/drive_tray.h"
 #include "system/file_calls.h"
 #include "system/file_dates.h"

@@ -11,10 +11,6 @@
 #include "frame/values/joined.h"
 #include "frame/values/variant.h"
 
-// Windows' headers make macros of these names.
-#undef DeleteFile
-#undef GetTempFileName
-
 namespace vorla {
 
 class VorlaFichier {

@@ -1,8 +1,5 @@
 #include "system/VorlaSystem.h"
 
-#include <windows.h>
-
-#include <shellapi.h>
 #include <shlobj.h>
 #include <shlwapi.h>
 #include <winnetwk.h>
@@ -10,20 +7,21 @@
 #include <array>
 #include <cstring>
 
-#include "frame/declarations/files.h"
-#include "frame/declarations/paths.h"
-#include "frame/declarations/profile.h"
-#include "frame/declarations/system_queries.h"
-#include "frame/declarations/waiting.h"
 #include "frame/host/bound_object.h"
 #include "frame/host/error_object.h"
 #include "frame/host/globals.h"
 #include "frame/host/message_box.h"
 #include "frame/host/object_kinds.h"
+#include "frame/shared/files.h"
+#include "frame/shared/paths.h"
+#include "frame/shared/profile.h"
+#include "frame/shared/system_queries.h"
+#include "frame/shared/waiting.h"
 #include "frame/values/ansi.h"
 #include "frame/values/conversions.h"
 #include "frame/values/failure.h"
 #include "frame/values/unique_handle.h"
+#include "frame/values/winapi.h"
 #include "system/shell_errors.h"
 #include "system/words.h"
 
@@ -98,15 +96,15 @@ std::int32_t askShell(TextView path, bool message, Ask&& ask) {
 }
 
 // An empty file that lives as long as this does. Nothing is made, nor deleted, where a file is already.
-class Placeholder {
+class ShortLivedFile {
 public:
-    explicit Placeholder(Text path) : path_(std::move(path)) {
+    explicit ShortLivedFile(Text path) : path_(std::move(path)) {
         made_ = static_cast<bool>(File(CreateFileA(toAnsi(path_).c_str(), GENERIC_WRITE, 0, nullptr,
                                                    CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr)));
     }
-    Placeholder(const Placeholder&) = delete;
-    Placeholder& operator=(const Placeholder&) = delete;
-    ~Placeholder() {
+    ShortLivedFile(const ShortLivedFile&) = delete;
+    ShortLivedFile& operator=(const ShortLivedFile&) = delete;
+    ~ShortLivedFile() {
         if (made_) step([this] { DeleteFileA(toAnsi(path_).c_str()); });
     }
 
@@ -259,7 +257,7 @@ Text VorlaSystem::SysFindAppliAssocié(TextView FileName, bool Message, const bo
     if (NoCreateFileIfNotExist || ExisteFichier(FileName, eFileToTest::eftFile))
         return associatedProgram(FileName, Message);
     const auto path = placeFor(FileName);
-    const Placeholder placeholder(path);
+    const ShortLivedFile file(path);
     return associatedProgram(path, Message);
 }
 

@@ -10,11 +10,6 @@
 #include "frame/values/joined.h"
 #include "frame/values/variant.h"
 
-// Windows has its own functions of these names, as macros.
-#undef GetComputerName
-#undef OemToChar
-#undef CharToOem
-
 namespace vorla {
 
 class VorlaSystem {

@@ -1,7 +1,7 @@
 #include "system/VorlaSystem.h"
 
+#include "frame/com/catalogue.h"
 #include "frame/com/publish.h"
-#include "frame/contract/catalogue.h"
 
 namespace vorla {
 

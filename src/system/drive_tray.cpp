@@ -1,11 +1,10 @@
 #include "system/drive_tray.h"
 
-#include <windows.h>
-
 #include <cstdint>
 
-#include "frame/declarations/system_queries.h"
+#include "frame/shared/system_queries.h"
 #include "frame/values/unique_handle.h"
+#include "frame/values/winapi.h"
 
 namespace vorla {
 namespace {

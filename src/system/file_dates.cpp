@@ -1,12 +1,11 @@
 #include "system/file_dates.h"
 
-#include <windows.h>
-
 #include <array>
 
 #include "frame/values/ansi.h"
 #include "frame/values/runtime_error.h"
 #include "frame/values/unique_handle.h"
+#include "frame/values/winapi.h"
 #include "system/file_calls.h"
 
 namespace vorla {

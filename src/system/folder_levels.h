@@ -3,7 +3,7 @@
 
 #include <functional>
 
-#include "frame/declarations/paths.h"
+#include "frame/shared/paths.h"
 
 namespace vorla {
 

@@ -1,6 +1,6 @@
 #include "system/registry_data.h"
 
-#include "frame/declarations/fields.h"
+#include "frame/shared/fields.h"
 
 namespace vorla {
 namespace {

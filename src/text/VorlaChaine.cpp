@@ -1,6 +1,6 @@
 #include "text/VorlaChaine.h"
 
-#include "frame/declarations/fields.h"
+#include "frame/shared/fields.h"
 #include "frame/values/conversions.h"
 #include "text/keys.h"
 #include "text/occurrences.h"

@@ -1,6 +1,6 @@
 #include "text/VorlaChaine.h"
+#include "frame/com/catalogue.h"
 #include "frame/com/publish.h"
-#include "frame/contract/catalogue.h"
 
 namespace vorla {
 

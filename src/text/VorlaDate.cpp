@@ -44,14 +44,14 @@ SYSTEMTIME calendarDay(Date date) {
 Bstr weekdayName(const SYSTEMTIME& day) {
     constexpr int systemsFirstDay = 0;
     Bstr name;
-    check(VarWeekdayName(weekdayFromMonday(day.wYear, day.wMonth, day.wDay), FALSE, systemsFirstDay, 0,
-                         name.put()));
+    throwIfFailed(VarWeekdayName(weekdayFromMonday(day.wYear, day.wMonth, day.wDay), FALSE, systemsFirstDay,
+                                 0, name.put()));
     return name;
 }
 
 Bstr monthName(const SYSTEMTIME& day) {
     Bstr name;
-    check(VarMonthName(day.wMonth, FALSE, 0, name.put()));
+    throwIfFailed(VarMonthName(day.wMonth, FALSE, 0, name.put()));
     return name;
 }
 

@@ -1,6 +1,6 @@
 #include "text/occurrences.h"
 
-#include "frame/declarations/matcher.h"
+#include "frame/shared/matcher.h"
 #include "frame/values/runtime_error.h"
 
 namespace vorla {

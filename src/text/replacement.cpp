@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "frame/declarations/matcher.h"
+#include "frame/shared/matcher.h"
 #include "frame/values/runtime_error.h"
 
 namespace vorla {

@@ -19,7 +19,8 @@ protected:
 Variant decimal(const wchar_t* value) {
     Variant result;
     result.put()->decVal = {};
-    EXPECT_EQ(S_OK, VarDecFromStr(const_cast<LPOLESTR>(value), 0x0409, LOCALE_NOUSEROVERRIDE, &result.put()->decVal));
+    EXPECT_EQ(S_OK, VarDecFromStr(const_cast<LPOLESTR>(value), 0x0409, LOCALE_NOUSEROVERRIDE,
+                                  &result.put()->decVal));
     result.put()->vt = VT_DECIMAL;
     return result;
 }

@@ -1,13 +1,11 @@
 // The component as a file: loaded, asked for its entry points, its classes made without a registry.
 #pragma once
 
-#include <ocidl.h>
-#include <windows.h>
-
 #include <gtest/gtest.h>
 
 #include "frame/contract/identifiers.h"
 #include "frame/values/unique_handle.h"
+#include "frame/values/winapi.h"
 #include "support/automation.h"
 
 namespace vorla::test {

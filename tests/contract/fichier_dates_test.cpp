@@ -11,9 +11,6 @@
 #include "support/scripted_object.h"
 #include "support/temporary_folder.h"
 
-// A macro of Windows' headers, and a member's name.
-#undef DeleteFile
-
 namespace vorla::test {
 namespace {
 

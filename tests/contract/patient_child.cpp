@@ -1,11 +1,12 @@
 // A program that tests start.
 //   patient_child wait EVENT CODE    ends with CODE when the named event is set, with 77 when it never is
 //   patient_child mark FILE          writes the file's own path into it
-#include <windows.h>
 
 #include <cstdlib>
 #include <string>
 #include <string_view>
+
+#include <windows.h>
 
 int wmain(int count, wchar_t** arguments) {
     const std::wstring_view task = count > 1 ? arguments[1] : L"";

@@ -1,10 +1,10 @@
 // What a class says of its members, as hosts declare them.
 #pragma once
 
-#include <oaidl.h>
-
 #include <string>
 #include <vector>
+
+#include "frame/values/winapi.h"
 
 namespace vorla::test {
 

@@ -1,6 +1,5 @@
 // VorlaSystem and the shell: programs that are really started, an association made for the test, and every
 // code of failure.
-#include <shellapi.h>
 
 #include <algorithm>
 #include <cstring>

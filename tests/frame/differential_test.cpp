@@ -2,7 +2,6 @@
 // library with the same generated arguments. Where the two differ on purpose, the difference has a name
 // and a reason below, and each must show up, so that a system that comes to agree is noticed.
 #include <gtest/gtest.h>
-#include <shellapi.h>
 #include <shlobj.h>
 
 #include <algorithm>
@@ -11,8 +10,8 @@
 #include <map>
 #include <random>
 
+#include "frame/com/catalogue.h"
 #include "frame/com/instance.h"
-#include "frame/contract/catalogue.h"
 #include "frame/specimen.h"
 #include "frame/values/conversions.h"
 #include "support/automation.h"
@@ -67,12 +66,12 @@ Variant exactValue(VARTYPE type) {
         case VT_I4: return std::int32_t{70000};
         case VT_UI1: {
             Variant octet(std::int16_t{200});
-            check(changeType(*octet.put(), octet.raw(), 0, 0, VT_UI1));
+            throwIfFailed(changeType(*octet.put(), octet.raw(), 0, 0, VT_UI1));
             return octet;
         }
         case VT_R4: {
             Variant single(1.5);
-            check(changeType(*single.put(), single.raw(), 0, 0, VT_R4));
+            throwIfFailed(changeType(*single.put(), single.raw(), 0, 0, VT_R4));
             return single;
         }
         case VT_R8: return 2.25;

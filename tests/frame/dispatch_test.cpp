@@ -1,8 +1,8 @@
 // Late-bound calls by hand-written rule: everything that a publication can say, through Invoke.
-#include <olectl.h>
 
 #include "frame/specimen_fixture.h"
 #include "frame/values/conversions.h"
+#include "frame/values/winapi.h"
 #include "support/scripted_object.h"
 
 namespace vorla::test {
@@ -10,7 +10,7 @@ namespace {
 
 Variant ofType(VARTYPE type, double value) {
     Variant result(value);
-    check(changeType(*result.put(), result.raw(), 0x0409, 0, type));
+    throwIfFailed(changeType(*result.put(), result.raw(), 0x0409, 0, type));
     return result;
 }
 

@@ -1,23 +1,22 @@
 // Every system call of the shared routines and of the host's stand-ins failing in turn, and every name that
 // a host cannot look up.
 #include "support/failing_calls.h"
-
-#include <olectl.h>
+#include "frame/values/winapi.h"
 
 #include <algorithm>
 #include <cstring>
 
-#include "frame/declarations/comparison.h"
-#include "frame/declarations/files.h"
-#include "frame/declarations/host_queries.h"
-#include "frame/declarations/profile.h"
-#include "frame/declarations/system_queries.h"
-#include "frame/declarations/waiting.h"
 #include "frame/host/bound_object.h"
 #include "frame/host/globals.h"
 #include "frame/host/host_items.h"
 #include "frame/host/message_box.h"
 #include "frame/host/object_kinds.h"
+#include "frame/shared/comparison.h"
+#include "frame/shared/files.h"
+#include "frame/shared/host_queries.h"
+#include "frame/shared/profile.h"
+#include "frame/shared/system_queries.h"
+#include "frame/shared/waiting.h"
 #include "frame/values/ansi.h"
 #include "support/automation.h"
 #include "support/no_dialogs.h"

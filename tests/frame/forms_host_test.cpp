@@ -3,9 +3,9 @@
 
 #include <cmath>
 
-#include "frame/declarations/host_queries.h"
 #include "frame/host/host_items.h"
 #include "frame/host/object_kinds.h"
+#include "frame/shared/host_queries.h"
 #include "support/automation.h"
 #include "support/forms/host.h"
 #include "support/memory_count.h"

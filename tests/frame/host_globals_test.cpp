@@ -1,7 +1,6 @@
 // What stands in for the host runtime's global objects.
 #include "frame/host/globals.h"
-
-#include <olectl.h>
+#include "frame/values/winapi.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // What members ask of the host's controls and forms, each of the host's answers failing in turn.
-#include "frame/declarations/host_queries.h"
+#include "frame/shared/host_queries.h"
 
 #include <gtest/gtest.h>
 

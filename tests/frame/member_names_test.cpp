@@ -4,8 +4,8 @@
 #include <dispex.h>
 #include <gtest/gtest.h>
 
-#include "frame/declarations/host_queries.h"
 #include "frame/host/bound_object.h"
+#include "frame/shared/host_queries.h"
 #include "support/automation.h"
 #include "support/scripted_object.h"
 

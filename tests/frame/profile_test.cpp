@@ -1,5 +1,5 @@
 // INI files: a real one, byte for byte, and the calls that reach the system.
-#include "frame/declarations/profile.h"
+#include "frame/shared/profile.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,6 @@
 // That the counters of the leak tests count.
 #include "support/resource_count.h"
-
-#include <windows.h>
+#include "frame/values/winapi.h"
 
 #include <gtest/gtest.h>
 

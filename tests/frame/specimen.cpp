@@ -69,7 +69,7 @@ const Library specimenLibrary{L"SpecimenLib",
                               0,
                               &loadSpecimen};
 
-PUBLISH(Specimen, FIELD(Teinte), FIELD(Actif), METHOD(Court, L"Valeur"), METHOD(Long, L"Valeur"),
+PUBLISH(Specimen, DATA_MEMBER(Teinte), DATA_MEMBER(Actif), METHOD(Court, L"Valeur"), METHOD(Long, L"Valeur"),
         METHOD(Octet, L"Valeur"), RESERVED_SLOT, METHOD(Simple, L"Valeur"), METHOD(Double, L"Valeur"),
         METHOD(Booléen, L"Valeur"), METHOD(Montant, L"Valeur"), METHOD(Jour, L"Valeur"),
         METHOD(Chaîne, L"Valeur"), METHOD(Vue, L"Valeur"), METHOD(Variable, L"Valeur"),

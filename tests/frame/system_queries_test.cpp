@@ -1,5 +1,5 @@
 // What members ask the system: really, and with each of its answers in turn.
-#include "frame/declarations/system_queries.h"
+#include "frame/shared/system_queries.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 // Says whether the running Windows is the one that its arguments name: version_probe code name
-#include <windows.h>
 
 #include <cstdlib>
 
-#include "frame/declarations/system_queries.h"
+#include "frame/shared/system_queries.h"
+#include "frame/values/winapi.h"
 
 int wmain(int count, wchar_t** arguments) {
     if (count != 3) return 2;

@@ -1,5 +1,5 @@
 // Waiting by the clock that the test sets, and by the real one.
-#include "frame/declarations/waiting.h"
+#include "frame/shared/waiting.h"
 
 #include <gtest/gtest.h>
 

@@ -6,9 +6,9 @@
 #include <string>
 
 #include "arguments.h"
-#include "frame/declarations/fields.h"
-#include "frame/declarations/paths.h"
-#include "frame/declarations/version_name.h"
+#include "frame/shared/fields.h"
+#include "frame/shared/paths.h"
+#include "frame/shared/version_name.h"
 #include "frame/values/leading_number.h"
 #include "language/language_format.h"
 #include "language/message_text.h"

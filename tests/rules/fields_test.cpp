@@ -1,4 +1,4 @@
-#include "frame/declarations/fields.h"
+#include "frame/shared/fields.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "frame/declarations/version_name.h"
+#include "frame/shared/version_name.h"
 
 #include <gtest/gtest.h>
 

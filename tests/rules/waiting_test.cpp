@@ -1,4 +1,4 @@
-#include "frame/declarations/waiting.h"
+#include "frame/shared/waiting.h"
 
 #include <gtest/gtest.h>
 

@@ -2,9 +2,6 @@
 // and "left alone" differ.
 #pragma once
 
-#include <ocidl.h>
-#include <windows.h>
-
 #include <gtest/gtest.h>
 
 #include <initializer_list>
@@ -14,6 +11,7 @@
 #include "frame/values/runtime_error.h"
 #include "frame/values/unique_handle.h"
 #include "frame/values/variant.h"
+#include "frame/values/winapi.h"
 
 namespace vorla::test {
 

@@ -1,10 +1,10 @@
 // The shell's dialog in which a folder is chosen, seen and used from another thread.
 #pragma once
 
-#include <windows.h>
-
 #include <string>
 #include <vector>
+
+#include "frame/values/winapi.h"
 
 namespace vorla::test {
 

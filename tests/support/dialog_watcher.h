@@ -1,11 +1,11 @@
 // Answers the dialogs that the tested code opens, and keeps what was in them.
 #pragma once
 
-#include <windows.h>
-
 #include <functional>
 #include <string>
 #include <vector>
+
+#include "frame/values/winapi.h"
 
 namespace vorla::test {
 

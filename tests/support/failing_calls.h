@@ -2,8 +2,6 @@
 // member's failure policy allows, never a third thing, and leaves nothing behind.
 #pragma once
 
-#include <windows.h>
-
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -11,6 +9,7 @@
 #include <set>
 #include <string>
 
+#include "frame/values/winapi.h"
 #include "support/import_patch.h"
 #include "support/memory_count.h"
 

@@ -2,13 +2,12 @@
 // failures that a test orders for some of them.
 #pragma once
 
-#include <windows.h>
-
 #include <map>
 #include <string>
 #include <vector>
 
 #include "frame/values/variant.h"
+#include "frame/values/winapi.h"
 
 namespace vorla::test {
 

@@ -1,8 +1,6 @@
 // Interception of the system calls of a module: recorded, answered by the test, or failed.
 #pragma once
 
-#include <windows.h>
-
 #include <functional>
 #include <map>
 #include <string>
@@ -10,6 +8,8 @@
 #include <type_traits>
 #include <utility>
 #include <vector>
+
+#include "frame/values/winapi.h"
 
 namespace vorla::test {
 

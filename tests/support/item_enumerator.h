@@ -1,12 +1,10 @@
 // The enumerator of a test host's collection.
 #pragma once
 
-#include <oaidl.h>
-#include <windows.h>
-
 #include <string>
 #include <vector>
 
+#include "frame/values/winapi.h"
 #include "support/host_call.h"
 
 namespace vorla::test {

@@ -1,12 +1,11 @@
 // Every contract program: the language is the one that the runner pinned, and a hung test is ended with
 // its name.
-#include <ole2.h>
-#include <windows.h>
 
 #include <gtest/gtest.h>
 
 #include <cstdio>
 
+#include "frame/values/winapi.h"
 #include "support/memory_count.h"
 
 namespace {

@@ -1,11 +1,12 @@
 #include "support/memory_count.h"
 
 #include <objidl.h>
-#include <windows.h>
 
 #include <gtest/gtest.h>
 
 #include <atomic>
+
+#include "frame/values/winapi.h"
 
 namespace vorla::test {
 namespace {

@@ -1,10 +1,9 @@
 // Counts what is allocated through the COM task allocator, BSTRs included.
 #pragma once
 
-#include <windows.h>
-
 #include <gtest/gtest.h>
 
+#include "frame/values/winapi.h"
 #include "support/resource_count.h"
 
 namespace vorla::test {

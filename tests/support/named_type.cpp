@@ -8,9 +8,9 @@ ComPointer<ITypeInfo> typeNamed(const wchar_t* name, TYPEKIND kind) {
     ComPointer<ICreateTypeLib2> library;
     ComPointer<ICreateTypeInfo> created;
     ComPointer<ITypeInfo> type;
-    check(CreateTypeLib2(sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32, L"unsaved.tlb", library.put()));
-    check(library->CreateTypeInfo(const_cast<LPOLESTR>(name), kind, created.put()));
-    check(created->QueryInterface(IID_ITypeInfo, reinterpret_cast<void**>(type.put())));
+    throwIfFailed(CreateTypeLib2(sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32, L"unsaved.tlb", library.put()));
+    throwIfFailed(library->CreateTypeInfo(const_cast<LPOLESTR>(name), kind, created.put()));
+    throwIfFailed(created->QueryInterface(IID_ITypeInfo, reinterpret_cast<void**>(type.put())));
     return type;
 }
 

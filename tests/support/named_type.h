@@ -1,10 +1,8 @@
 // Types of which only the name is known, for objects that tell what they are.
 #pragma once
 
-#include <oaidl.h>
-#include <windows.h>
-
 #include "frame/values/unique_handle.h"
+#include "frame/values/winapi.h"
 
 namespace vorla::test {
 

@@ -1,11 +1,11 @@
 // For tests that call members which show a message and are about something else.
 #pragma once
 
-#include <windows.h>
-
 #include <gtest/gtest.h>
 
 #include <string_view>
+
+#include "frame/values/winapi.h"
 
 namespace vorla::test {
 

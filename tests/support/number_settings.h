@@ -1,9 +1,9 @@
 // The user's number and date settings, changed for the length of a test.
 #pragma once
 
-#include <windows.h>
-
 #include <gtest/gtest.h>
+
+#include "frame/values/winapi.h"
 
 namespace vorla::test {
 

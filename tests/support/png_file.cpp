@@ -1,8 +1,8 @@
 #include "support/png_file.h"
 
-// The header of GDI+ leaves it to others to declare these.
-#include <windows.h>
+#include "frame/values/winapi.h"
 
+// The header of GDI+ leaves it to others to declare these.
 #include <algorithm>
 namespace Gdiplus {
 using std::max;

@@ -1,10 +1,10 @@
 #include "support/resource_count.h"
 
-#include <windows.h>
-
 #include <cstddef>
 #include <stdexcept>
 #include <vector>
+
+#include "frame/values/winapi.h"
 
 namespace vorla::test {
 namespace {

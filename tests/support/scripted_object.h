@@ -1,9 +1,6 @@
 // A host object for tests: a script of properties, methods and items, and a log of every name used on it.
 #pragma once
 
-#include <ocidl.h>
-#include <windows.h>
-
 #include <functional>
 #include <string>
 #include <utility>
@@ -11,6 +8,7 @@
 
 #include "frame/values/unique_handle.h"
 #include "frame/values/variant.h"
+#include "frame/values/winapi.h"
 #include "support/host_call.h"
 
 namespace vorla::test {

@@ -1,14 +1,13 @@
 // A folder for the files of one test, removed with all that is in it.
 #pragma once
 
-#include <windows.h>
-
 #include <gtest/gtest.h>
 
 #include <string>
 #include <string_view>
 
 #include "frame/values/unique_handle.h"
+#include "frame/values/winapi.h"
 
 namespace vorla::test {
 

@@ -1,8 +1,6 @@
 // A registry key of the user's for one test, removed with all that is below it.
 #pragma once
 
-#include <windows.h>
-
 #include <gtest/gtest.h>
 
 #include <optional>
@@ -11,6 +9,7 @@
 #include <vector>
 
 #include "frame/values/unique_handle.h"
+#include "frame/values/winapi.h"
 
 namespace vorla::test {
 

@@ -1,11 +1,11 @@
 // A thread of a test's own. The cross compilers' thread model has no std::thread.
 #pragma once
 
-#include <windows.h>
-
 #include <gtest/gtest.h>
 
 #include <functional>
+
+#include "frame/values/winapi.h"
 
 namespace vorla::test {
 

@@ -1,9 +1,9 @@
 // Pictures of windows, for examples that show what they do and for people who look at them.
 #pragma once
 
-#include <windows.h>
-
 #include <string>
+
+#include "frame/values/winapi.h"
 
 namespace vorla::test {
 

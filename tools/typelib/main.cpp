@@ -1,7 +1,7 @@
 // Writes the component's type library: write_type_library FILE
 #include <cstdio>
 
-#include "frame/contract/catalogue.h"
+#include "frame/com/catalogue.h"
 #include "typelib/type_library_writer.h"
 
 int wmain(int count, wchar_t** arguments) {

@@ -1,8 +1,7 @@
 #include "typelib/type_library_file.h"
 
-#include <windows.h>
-
 #include "frame/values/unique_handle.h"
+#include "frame/values/winapi.h"
 #include "typelib/type_library_writer.h"
 
 namespace vorla::typelib {

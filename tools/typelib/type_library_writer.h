@@ -2,13 +2,12 @@
 // records, through the system's own type-library writer.
 #pragma once
 
-#include <windows.h>
-
 #include <span>
 #include <stdexcept>
 #include <string>
 
 #include "frame/com/publication.h"
+#include "frame/values/winapi.h"
 
 namespace vorla::typelib {
 

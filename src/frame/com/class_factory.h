@@ -1,9 +1,8 @@
 // Class factories: how hosts get their first object of a class.
 #pragma once
 
-#include <windows.h>
-
 #include "frame/com/publication.h"
+#include "frame/values/winapi.h"
 
 namespace vorla {
 

@@ -9,9 +9,6 @@
 // Results and by-value arguments use Crossing<T>, by-reference arguments Crossing<T&>.
 #pragma once
 
-#include <ocidl.h>
-#include <windows.h>
-
 #include <cstdint>
 #include <type_traits>
 #include <utility>
@@ -22,6 +19,7 @@
 #include "frame/values/bstr.h"
 #include "frame/values/scalars.h"
 #include "frame/values/variant.h"
+#include "frame/values/winapi.h"
 
 namespace vorla {
 

@@ -169,19 +169,19 @@ bool fitsAsItIs(std::span<const Parameter> parameters, const DISPPARAMS& given) 
 
 // One call of one member. An argument that does not have the type that the slot takes is converted into
 // a cell.
-class Call {
+class LateBoundCall {
 public:
-    Call(Instance* object, const Publication& publication, const Member& member, const DISPPARAMS& given,
-         LCID locale) noexcept
+    LateBoundCall(Instance* object, const Publication& publication, const Member& member,
+                  const DISPPARAMS& given, LCID locale) noexcept
         : object_(object),
           publication_(publication),
           member_(member),
           parameters_(publication.parametersOf(member)),
           given_(given),
           locale_(locale) {}
-    Call(const Call&) = delete;
-    Call& operator=(const Call&) = delete;
-    ~Call();
+    LateBoundCall(const LateBoundCall&) = delete;
+    LateBoundCall& operator=(const LateBoundCall&) = delete;
+    ~LateBoundCall();
 
     HRESULT run(VARIANT& result, EXCEPINFO* exception, UINT* badArgument) noexcept;
 
@@ -213,12 +213,12 @@ private:
     Cell cells_[parameterLimit];
 };
 
-Call::~Call() {
+LateBoundCall::~LateBoundCall() {
     for (std::size_t i = 0; i < cellCount_; ++i)
         if (cells_[i].value.vt != VT_EMPTY) VariantClear(&cells_[i].value);
 }
 
-HRESULT Call::run(VARIANT& result, EXCEPINFO* exception, UINT* badArgument) noexcept {
+HRESULT LateBoundCall::run(VARIANT& result, EXCEPINFO* exception, UINT* badArgument) noexcept {
     auto answer = assignSources();
     for (std::size_t i = 0; SUCCEEDED(answer) && i < parameters_.size(); ++i) {
         answer = fill(passed_[parameters_.size() - 1 - i], sources_[i], parameters_[i]);
@@ -238,7 +238,7 @@ HRESULT Call::run(VARIANT& result, EXCEPINFO* exception, UINT* badArgument) noex
     return written;
 }
 
-HRESULT Call::assignSources() noexcept {
+HRESULT LateBoundCall::assignSources() noexcept {
     const auto count = parameters_.size();
     if (given_.cArgs > count || given_.cNamedArgs > given_.cArgs) return DISP_E_BADPARAMCOUNT;
     if (given_.cArgs != 0 && !given_.rgvarg) return E_POINTER;
@@ -259,7 +259,7 @@ HRESULT Call::assignSources() noexcept {
     return S_OK;
 }
 
-HRESULT Call::fill(VARIANT& passed, VARIANT* source, const Parameter& parameter) noexcept {
+HRESULT LateBoundCall::fill(VARIANT& passed, VARIANT* source, const Parameter& parameter) noexcept {
     const auto type = parameter.type.type;
     const bool byReference = parameter.type.byReference;
     if (source && (source->vt & VT_BYREF) && !source->byref) return E_POINTER;
@@ -298,7 +298,7 @@ HRESULT Call::fill(VARIANT& passed, VARIANT* source, const Parameter& parameter)
     return S_OK;
 }
 
-HRESULT Call::fillRecord(VARIANT& passed, const Parameter& parameter, VARIANT& source) noexcept {
+HRESULT LateBoundCall::fillRecord(VARIANT& passed, const Parameter& parameter, VARIANT& source) noexcept {
     VARIANT& value = held(source);
     GUID given;
     if ((value.vt & ~VT_BYREF) != VT_RECORD || !value.pRecInfo || !value.pvRecord ||
@@ -309,7 +309,7 @@ HRESULT Call::fillRecord(VARIANT& passed, const Parameter& parameter, VARIANT& s
 }
 
 // A copy for a by-reference parameter, a value of the right type for any other.
-HRESULT Call::convert(VARIANT& value, const Parameter& parameter, const VARIANT& source) noexcept {
+HRESULT LateBoundCall::convert(VARIANT& value, const Parameter& parameter, const VARIANT& source) noexcept {
     const auto type = parameter.type.type;
     if (type == VT_VARIANT) return copyValue(value, source);
     const auto answer = changeType(value, source, locale_, 0, type);
@@ -317,7 +317,7 @@ HRESULT Call::convert(VARIANT& value, const Parameter& parameter, const VARIANT&
     return type == VT_DISPATCH ? checkObject(parameter.type.described, value.pdispVal) : S_OK;
 }
 
-HRESULT Call::writeBack() noexcept {
+HRESULT LateBoundCall::writeBack() noexcept {
     HRESULT answer = S_OK;
     for (std::size_t i = 0; i < cellCount_; ++i) {
         Cell& cell = cells_[i];
@@ -343,7 +343,7 @@ HRESULT Call::writeBack() noexcept {
 [[gnu::noinline]] HRESULT convertAndCall(Instance* object, const Publication& publication,
                                          const Member& member, const DISPPARAMS& given, LCID locale,
                                          VARIANT& result, EXCEPINFO* exception, UINT* badArgument) {
-    return Call(object, publication, member, given, locale).run(result, exception, badArgument);
+    return LateBoundCall(object, publication, member, given, locale).run(result, exception, badArgument);
 }
 
 }  // namespace

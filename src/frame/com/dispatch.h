@@ -1,11 +1,10 @@
 // Late-bound calls, from the publication's tables alone.
 #pragma once
 
-#include <windows.h>
-
 #include <span>
 
 #include "frame/com/publication.h"
+#include "frame/values/winapi.h"
 
 namespace vorla::dispatch {
 

@@ -1,6 +1,6 @@
 #include "frame/com/error_texts.h"
 
-#include <windows.h>
+#include "frame/values/winapi.h"
 
 namespace vorla {
 namespace {

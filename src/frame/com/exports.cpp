@@ -1,13 +1,13 @@
 // The four entry points of the component, and what Windows tells it of the host's threads.
-#include <windows.h>
 
 #include <new>
 
+#include "frame/com/catalogue.h"
 #include "frame/com/class_factory.h"
 #include "frame/com/module.h"
 #include "frame/com/registration.h"
-#include "frame/contract/catalogue.h"
 #include "frame/values/per_thread.h"
+#include "frame/values/winapi.h"
 
 using namespace vorla;
 

@@ -1,13 +1,11 @@
 // An automation object: the C++ object of a published class behind its dual interface.
 #pragma once
 
-#include <ocidl.h>
-#include <windows.h>
-
 #include <atomic>
 #include <utility>
 
 #include "frame/com/publication.h"
+#include "frame/values/winapi.h"
 
 namespace vorla {
 

@@ -2,9 +2,8 @@
 // server locks, counted together.
 #pragma once
 
-#include <windows.h>
-
 #include "frame/values/text.h"
+#include "frame/values/winapi.h"
 
 namespace vorla::module {
 

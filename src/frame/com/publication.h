@@ -2,12 +2,11 @@
 // made it from the class's table (publish.h).
 #pragma once
 
-#include <windows.h>
-
 #include <cstdint>
 #include <span>
 
 #include "frame/com/crossing.h"
+#include "frame/values/winapi.h"
 
 namespace vorla {
 

@@ -36,25 +36,26 @@
         name, ::vorla::MemberKind::kind __VA_OPT__(, ) __VA_ARGS__)
 
 /// A member function under its own name: METHOD(name, parameters...).
-#define METHOD(name, ...) VORLA_ROW(Call<&Published::name>, L"" #name, method __VA_OPT__(, ) __VA_ARGS__)
+#define METHOD(name, ...) \
+    VORLA_ROW(MemberFunction<&Published::name>, L"" #name, method __VA_OPT__(, ) __VA_ARGS__)
 
 /// A member function under a name that is no identifier: METHOD_AS(function, L"name", parameters...).
 #define METHOD_AS(function, name, ...) \
-    VORLA_ROW(Call<&Published::function>, name, method __VA_OPT__(, ) __VA_ARGS__)
+    VORLA_ROW(MemberFunction<&Published::function>, name, method __VA_OPT__(, ) __VA_ARGS__)
 
 /// The accessors of a property, each made by a member function: PROPERTY_GET(name, function, indexes...).
 /// The new value of LET and SET is the function's last parameter and has no name.
 #define PROPERTY_GET(name, function, ...) \
-    VORLA_ROW(Call<&Published::function>, L"" #name, get __VA_OPT__(, ) __VA_ARGS__)
+    VORLA_ROW(MemberFunction<&Published::function>, L"" #name, get __VA_OPT__(, ) __VA_ARGS__)
 #define PROPERTY_LET(name, function, ...) \
-    VORLA_ROW(Call<&Published::function>, L"" #name, let __VA_OPT__(, ) __VA_ARGS__)
+    VORLA_ROW(MemberFunction<&Published::function>, L"" #name, let __VA_OPT__(, ) __VA_ARGS__)
 #define PROPERTY_SET(name, function, ...) \
-    VORLA_ROW(Call<&Published::function>, L"" #name, set __VA_OPT__(, ) __VA_ARGS__)
+    VORLA_ROW(MemberFunction<&Published::function>, L"" #name, set __VA_OPT__(, ) __VA_ARGS__)
 
 /// A public data member, which hosts read and write as a property.
-#define FIELD(name)                                         \
-    VORLA_ROW(ReadField<&Published::name>, L"" #name, get), \
-        VORLA_ROW(WriteField<&Published::name>, L"" #name, let)
+#define DATA_MEMBER(name)                                        \
+    VORLA_ROW(ReadDataMember<&Published::name>, L"" #name, get), \
+        VORLA_ROW(WriteDataMember<&Published::name>, L"" #name, let)
 
 /// The place of a private procedure.
 #define RESERVED_SLOT                                               \
@@ -104,10 +105,10 @@ struct TypeList {};
 
 /// A procedure is what a slot runs on the C++ object: a member function,
 template <auto function, class Function = decltype(function)>
-struct Call;
+struct MemberFunction;
 
 template <auto function, class Class, class R, class... P>
-struct Call<function, R (Class::*)(P...)> {
+struct MemberFunction<function, R (Class::*)(P...)> {
     using Object = Class;
     using Result = R;
     using Parameters = TypeList<P...>;
@@ -118,30 +119,30 @@ struct Call<function, R (Class::*)(P...)> {
 };
 
 template <auto function, class Class, class R, class... P>
-struct Call<function, R (Class::*)(P...) const> : Call<function, R (Class::*)(P...)> {};
+struct MemberFunction<function, R (Class::*)(P...) const> : MemberFunction<function, R (Class::*)(P...)> {};
 
 /// the reading of a data member,
-template <auto field, class Field = decltype(field)>
-struct ReadField;
+template <auto member, class Member = decltype(member)>
+struct ReadDataMember;
 
-template <auto field, class Class, class T>
-struct ReadField<field, T Class::*> {
+template <auto member, class Class, class T>
+struct ReadDataMember<member, T Class::*> {
     using Object = Class;
     using Result = T;
     using Parameters = TypeList<>;
-    static T run(Class& object) { return object.*field; }
+    static T run(Class& object) { return object.*member; }
 };
 
 /// its writing,
-template <auto field, class Field = decltype(field)>
-struct WriteField;
+template <auto member, class Member = decltype(member)>
+struct WriteDataMember;
 
-template <auto field, class Class, class T>
-struct WriteField<field, T Class::*> {
+template <auto member, class Class, class T>
+struct WriteDataMember<member, T Class::*> {
     using Object = Class;
     using Result = void;
     using Parameters = TypeList<T>;
-    static void run(Class& object, T value) { object.*field = std::move(value); }
+    static void run(Class& object, T value) { object.*member = std::move(value); }
 };
 
 /// or nothing that a host may run.
@@ -283,11 +284,11 @@ constexpr auto row(const wchar_t* name, MemberKind kind, Parameters... parameter
 }
 
 template <class Procedure>
-constexpr bool isField = false;
-template <auto field>
-constexpr bool isField<ReadField<field>> = true;
-template <auto field>
-constexpr bool isField<WriteField<field>> = true;
+constexpr bool isDataMember = false;
+template <auto member>
+constexpr bool isDataMember<ReadDataMember<member>> = true;
+template <auto member>
+constexpr bool isDataMember<WriteDataMember<member>> = true;
 
 }  // namespace publishing
 
@@ -336,7 +337,7 @@ private:
         if (row.kind == MemberKind::method || row.kind == MemberKind::reserved)
             member.id = methods + static_cast<DISPID>(methodCount_++);
         else
-            member.id = idOfProperty(member.name, publishing::isField<Procedure>);
+            member.id = idOfProperty(member.name, publishing::isDataMember<Procedure>);
         ++filled_;
     }
 
@@ -364,12 +365,12 @@ private:
     }
 
     // The accessors of one property share an identifier. Properties are first counted upward.
-    constexpr DISPID idOfProperty(TextView name, bool isField) {
+    constexpr DISPID idOfProperty(TextView name, bool isDataMember) {
         for (std::size_t i = 0; i < filled_; ++i)
             if (members_[i].kind != MemberKind::method && sameName(members_[i].name, name))
                 return members_[i].id;
-        return isField ? fields + static_cast<DISPID>(fieldCount_++)
-                       : properties + static_cast<DISPID>(propertyCount_++);
+        return isDataMember ? fields + static_cast<DISPID>(fieldCount_++)
+                            : properties + static_cast<DISPID>(propertyCount_++);
     }
 
     constexpr void numberProperties() {

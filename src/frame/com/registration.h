@@ -1,12 +1,11 @@
 // What the component writes to the registry so that hosts find its classes by name, and its removal.
 #pragma once
 
-#include <windows.h>
-
 #include <span>
 
 #include "frame/com/publication.h"
 #include "frame/values/text.h"
+#include "frame/values/winapi.h"
 
 namespace vorla::registration {
 

@@ -2,8 +2,9 @@
 //
 // The runtime keeps them when the module goes, so that a host which loads and unloads the component again and
 // again would lose them each time. The linker leads the runtime's calls here (--wrap).
-#include <windows.h>
 
+#include "frame/values/winapi.h"
+// The lock type is declared by Windows' headers.
 #include <bits/gthr.h>
 
 namespace {

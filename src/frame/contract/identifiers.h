@@ -2,9 +2,9 @@
 // the thing identified, the rest never changes. A number that has been published is not used again.
 #pragma once
 
-#include <windows.h>
-
 #include <cstdint>
+
+#include "frame/values/winapi.h"
 
 namespace vorla {
 

@@ -1,8 +1,6 @@
 // The host's objects, driven by the names of their properties and methods.
 #pragma once
 
-#include <windows.h>
-
 #include <array>
 #include <concepts>
 #include <tuple>
@@ -15,6 +13,7 @@
 #include "frame/values/invocation.h"
 #include "frame/values/literal.h"
 #include "frame/values/variant.h"
+#include "frame/values/winapi.h"
 
 namespace vorla {
 
@@ -168,7 +167,7 @@ private:
 
     DISPID id(Literal name) {
         DISPID found = DISPID_UNKNOWN;
-        check(find(name, found));
+        throwIfFailed(find(name, found));
         return found;
     }
     // In a loop it is always the same pieces of the source that ask.

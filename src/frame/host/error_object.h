@@ -1,9 +1,8 @@
 // The error object of the calling thread, where hosts find what a failure has to say.
 #pragma once
 
-#include <oaidl.h>
-
 #include "frame/values/text.h"
+#include "frame/values/winapi.h"
 
 namespace vorla {
 

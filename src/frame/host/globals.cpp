@@ -1,9 +1,8 @@
 #include "frame/host/globals.h"
 
-#include <olectl.h>
-
 #include "frame/values/conversions.h"
 #include "frame/values/unique_handle.h"
+#include "frame/values/winapi.h"
 
 namespace vorla {
 namespace {
@@ -60,7 +59,7 @@ HostPicture noPicture() {
     nothing.cbSizeofstruct = sizeof nothing;
     nothing.picType = PICTYPE_NONE;
     ComPointer<IPictureDisp> picture;
-    check(
+    throwIfFailed(
         OleCreatePictureIndirect(&nothing, IID_IPictureDisp, FALSE, reinterpret_cast<void**>(picture.put())));
     return HostPicture(picture.get());
 }

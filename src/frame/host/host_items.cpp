@@ -18,7 +18,8 @@ ComPointer<IEnumVARIANT> enumeratorOf(const HostObject& collection) {
     const auto view = answer.view();
     if (!view.isObject() || !view.raw().punkVal)
         throw RuntimeError(ErrorNumber::propertyOrMethodNotSupported);
-    check(view.raw().punkVal->QueryInterface(IID_IEnumVARIANT, reinterpret_cast<void**>(enumerator.put())));
+    throwIfFailed(
+        view.raw().punkVal->QueryInterface(IID_IEnumVARIANT, reinterpret_cast<void**>(enumerator.put())));
     return enumerator;
 }
 
@@ -36,7 +37,7 @@ bool HostItems::next(Variant& item) {
     if (!enumerator_) return nextByNumber(item);
     ULONG fetched = 0;
     const auto answer = enumerator_->Next(1, item.put(), &fetched);
-    check(answer);
+    throwIfFailed(answer);
     return answer == S_OK && fetched == 1;
 }
 

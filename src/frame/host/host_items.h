@@ -1,10 +1,9 @@
 // The items of a host's collection, in the collection's own order.
 #pragma once
 
-#include <oaidl.h>
-
 #include "frame/host/bound_object.h"
 #include "frame/values/unique_handle.h"
+#include "frame/values/winapi.h"
 
 namespace vorla {
 

@@ -1,10 +1,9 @@
 // References to the host's objects.
 #pragma once
 
-#include <ocidl.h>
-#include <windows.h>
-
 #include <utility>
+
+#include "frame/values/winapi.h"
 
 namespace vorla {
 

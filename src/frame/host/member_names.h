@@ -1,7 +1,7 @@
 // The names of a host object's members.
 #pragma once
 
-#include <oaidl.h>
+#include "frame/values/winapi.h"
 
 namespace vorla {
 

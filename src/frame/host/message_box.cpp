@@ -1,12 +1,9 @@
 #include "frame/host/message_box.h"
 
-#include <windows.h>
-
-#include <shellapi.h>
-
 #include "frame/host/globals.h"
 #include "frame/values/failure.h"
 #include "frame/values/runtime_error.h"
+#include "frame/values/winapi.h"
 
 namespace vorla {
 namespace {

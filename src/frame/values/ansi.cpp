@@ -1,10 +1,9 @@
 #include "frame/values/ansi.h"
 
-#include <windows.h>
-
 #include <limits>
 
 #include "frame/values/runtime_error.h"
+#include "frame/values/winapi.h"
 
 namespace vorla {
 namespace {

@@ -1,13 +1,12 @@
 // Automation strings: views of them, and an owner that makes them in one allocation.
 #pragma once
 
-#include <windows.h>
-
 #include <new>
 #include <utility>
 
 #include "frame/values/joined.h"
 #include "frame/values/text.h"
+#include "frame/values/winapi.h"
 
 namespace vorla {
 

@@ -77,7 +77,7 @@ Variant converted(VariantView value, VARTYPE type) {
     if (value.isNull()) throw RuntimeError(ErrorNumber::invalidUseOfNull);
     if (value.isObject()) return converted(defaultProperty(value).view(), type);
     Variant result;
-    check(changeType(*result.put(), value.raw(), LOCALE_USER_DEFAULT, 0, type));
+    throwIfFailed(changeType(*result.put(), value.raw(), LOCALE_USER_DEFAULT, 0, type));
     return result;
 }
 
@@ -87,7 +87,7 @@ Bstr written(VariantView value, LCID locale, USHORT flags) {
     if (value.isNull()) throw RuntimeError(ErrorNumber::invalidUseOfNull);
     if (value.isObject()) return written(defaultProperty(value).view(), locale, flags);
     Variant text;
-    check(changeType(*text.put(), value.raw(), locale, flags, VT_BSTR));
+    throwIfFailed(changeType(*text.put(), value.raw(), locale, flags, VT_BSTR));
     return Bstr(text.detach().bstrVal);
 }
 
@@ -133,7 +133,7 @@ HRESULT parseNumber(TextView text, double& value) {
 
 double numberOf(TextView numeric) {
     double value = 0;
-    check(parseNumber(numeric, value));
+    throwIfFailed(parseNumber(numeric, value));
     return value;
 }
 
@@ -148,7 +148,7 @@ Bstr formattedValue(VariantView value, const wchar_t* format) {
     // The function writes to neither, which its declaration does not say.
     auto read = value.raw();
     Bstr result;
-    check(VarFormat(&read, const_cast<LPOLESTR>(format), 0, 0, 0, result.put()));
+    throwIfFailed(VarFormat(&read, const_cast<LPOLESTR>(format), 0, 0, 0, result.put()));
     return result;
 }
 
@@ -156,7 +156,7 @@ Bstr roundedNumber(TextView numeric) { return formattedValue(Variant(numberOf(nu
 
 Bstr generalNumber(TextView numeric) {
     Bstr result;
-    check(VarBstrFromR8(numberOf(numeric), LOCALE_USER_DEFAULT, 0, result.put()));
+    throwIfFailed(VarBstrFromR8(numberOf(numeric), LOCALE_USER_DEFAULT, 0, result.put()));
     return result;
 }
 
@@ -166,7 +166,7 @@ Variant decimalOf(double number) {
     if (!std::isfinite(number)) throw RuntimeError(ErrorNumber::overflow);
     Variant result;
     DECIMAL decimal;
-    check(VarDecFromR8(number, &decimal));
+    throwIfFailed(VarDecFromR8(number, &decimal));
     // A decimal fills the whole variant, its type included.
     result.put()->decVal = decimal;
     result.put()->vt = VT_DECIMAL;
@@ -187,7 +187,7 @@ Bstr formatted(double number, const wchar_t* format) {
 Bstr decimalText(double number) {
     Variant value = decimalOf(number);
     Bstr result;
-    check(VarBstrFromDec(&value.put()->decVal, LOCALE_USER_DEFAULT, 0, result.put()));
+    throwIfFailed(VarBstrFromDec(&value.put()->decVal, LOCALE_USER_DEFAULT, 0, result.put()));
     return result;
 }
 

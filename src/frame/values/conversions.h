@@ -2,10 +2,9 @@
 // run-time errors.
 #pragma once
 
-#include <windows.h>
-
 #include "frame/values/runtime_error.h"
 #include "frame/values/variant.h"
+#include "frame/values/winapi.h"
 
 namespace vorla {
 
@@ -28,7 +27,7 @@ inline HRESULT copyValue(VARIANT& result, const VARIANT& source) {
 [[noreturn]] void throwFailure(HRESULT failure);
 
 /// The same for a result that is one.
-inline void check(HRESULT result) {
+inline void throwIfFailed(HRESULT result) {
     if (FAILED(result)) throwFailure(result);
 }
 

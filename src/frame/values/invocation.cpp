@@ -9,7 +9,7 @@ void throwReported(HRESULT failure, EXCEPINFO& report) {
     if (hasReport && report.pfnDeferredFillIn) report.pfnDeferredFillIn(&report);
     const Bstr texts[] = {Bstr(report.bstrSource), Bstr(report.bstrDescription), Bstr(report.bstrHelpFile)};
     if (hasReport && report.wCode != 0) throw RuntimeError(report.wCode);
-    if (hasReport) check(report.scode);
+    if (hasReport) throwIfFailed(report.scode);
     throwFailure(failure);
 }
 

@@ -1,10 +1,9 @@
 // One late-bound call of a foreign object, with its failures as run-time errors.
 #pragma once
 
-#include <windows.h>
-
 #include "frame/values/runtime_error.h"
 #include "frame/values/variant.h"
+#include "frame/values/winapi.h"
 
 namespace vorla {
 

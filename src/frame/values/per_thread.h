@@ -4,10 +4,10 @@
 // thread that touched it has ended, so that hosts could never unload it.
 #pragma once
 
-#include <windows.h>
-
 #include <memory>
 #include <vector>
+
+#include "frame/values/winapi.h"
 
 namespace vorla {
 

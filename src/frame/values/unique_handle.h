@@ -1,9 +1,9 @@
 // Owners for what Windows hands out: one line per kind, closer and invalid value.
 #pragma once
 
-#include <windows.h>
-
 #include <utility>
+
+#include "frame/values/winapi.h"
 
 namespace vorla {
 

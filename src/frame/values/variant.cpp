@@ -24,10 +24,10 @@ void VariantView::follow() noexcept {
     value_.vt = type;
 }
 
-Variant::Variant(VariantView value) { check(copyValue(value_, value.raw())); }
+Variant::Variant(VariantView value) { throwIfFailed(copyValue(value_, value.raw())); }
 
 Variant::Variant(const Variant& other) : Variant() {
-    check(VariantCopy(&value_, const_cast<VARIANT*>(&other.value_)));
+    throwIfFailed(VariantCopy(&value_, const_cast<VARIANT*>(&other.value_)));
 }
 
 }  // namespace vorla

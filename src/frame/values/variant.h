@@ -1,13 +1,12 @@
 // Automation variants as C++ values: an owner, and a view of one that somebody else owns.
 #pragma once
 
-#include <windows.h>
-
 #include <concepts>
 #include <utility>
 
 #include "frame/values/bstr.h"
 #include "frame/values/scalars.h"
+#include "frame/values/winapi.h"
 
 namespace vorla {
 

@@ -1,8 +1,6 @@
 // The members of a class of host objects, as a table: a name, and what reads, writes or calls it.
 #pragma once
 
-#include <windows.h>
-
 #include <concepts>
 #include <functional>
 #include <string>
@@ -11,6 +9,7 @@
 
 #include "frame/host/host_reference.h"
 #include "frame/values/conversions.h"
+#include "frame/values/winapi.h"
 #include "support/host_call.h"
 
 namespace vorla::forms {

@@ -2,15 +2,13 @@
 // recorded.
 #pragma once
 
-#include <ocidl.h>
-#include <windows.h>
-
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "frame/host/bound_object.h"
 #include "frame/values/unique_handle.h"
+#include "frame/values/winapi.h"
 #include "support/forms/errors.h"
 #include "support/forms/members.h"
 

@@ -1,9 +1,9 @@
 // How a form or a picture box measures what is inside it.
 #pragma once
 
-#include <windows.h>
-
 #include <cstdint>
+
+#include "frame/values/winapi.h"
 
 namespace vorla::forms {
 

@@ -14,15 +14,15 @@ HostFont newFont(const wchar_t* name, double points) {
     description.sWeight = FW_NORMAL;
     description.sCharset = DEFAULT_CHARSET;
     ComPointer<IFontDisp> font;
-    check(OleCreateFontIndirect(&description, IID_IFontDisp, reinterpret_cast<void**>(font.put())));
+    throwIfFailed(OleCreateFontIndirect(&description, IID_IFontDisp, reinterpret_cast<void**>(font.put())));
     return HostFont(font.get());
 }
 
 HFONT handleOf(const HostFont& font) {
     ComPointer<IFont> asked;
     HFONT handle = nullptr;
-    check(font.get()->QueryInterface(IID_IFont, reinterpret_cast<void**>(asked.put())));
-    check(asked->get_hFont(&handle));
+    throwIfFailed(font.get()->QueryInterface(IID_IFont, reinterpret_cast<void**>(asked.put())));
+    throwIfFailed(asked->get_hFont(&handle));
     return handle;
 }
 
@@ -58,10 +58,10 @@ private:
 
 FontWatch::FontWatch(const HostFont& font, Listener& listener) : sink_(new Sink(listener)) {
     ComPointer<IConnectionPointContainer> container;
-    check(
+    throwIfFailed(
         font.get()->QueryInterface(IID_IConnectionPointContainer, reinterpret_cast<void**>(container.put())));
-    check(container->FindConnectionPoint(IID_IPropertyNotifySink, point_.put()));
-    check(point_->Advise(sink_.get(), &cookie_));
+    throwIfFailed(container->FindConnectionPoint(IID_IPropertyNotifySink, point_.put()));
+    throwIfFailed(point_->Advise(sink_.get(), &cookie_));
 }
 
 FontWatch::~FontWatch() { point_->Unadvise(cookie_); }
@@ -72,8 +72,8 @@ HostPicture newPicture(HBITMAP bitmap) {
     description.picType = bitmap ? PICTYPE_BITMAP : PICTYPE_NONE;
     description.bmp.hbitmap = bitmap;
     ComPointer<IPictureDisp> picture;
-    check(OleCreatePictureIndirect(&description, IID_IPictureDisp, TRUE,
-                                   reinterpret_cast<void**>(picture.put())));
+    throwIfFailed(OleCreatePictureIndirect(&description, IID_IPictureDisp, TRUE,
+                                           reinterpret_cast<void**>(picture.put())));
     return HostPicture(picture.get());
 }
 

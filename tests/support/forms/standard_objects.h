@@ -1,13 +1,10 @@
 // Fonts and pictures: the automation runtime's own objects, and what windows make of them.
 #pragma once
 
-#include <ocidl.h>
-#include <olectl.h>
-#include <windows.h>
-
 #include "frame/host/host_reference.h"
 #include "frame/values/text.h"
 #include "frame/values/unique_handle.h"
+#include "frame/values/winapi.h"
 
 namespace vorla::forms {
 

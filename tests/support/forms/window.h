@@ -1,11 +1,10 @@
 // What forms and controls share: a window, its colours, font and text, and how it measures what is in it.
 #pragma once
 
-#include <windows.h>
-
 #include <memory>
 #include <string>
 
+#include "frame/values/winapi.h"
 #include "support/forms/object.h"
 #include "support/forms/scale.h"
 #include "support/forms/standard_objects.h"

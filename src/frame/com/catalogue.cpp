@@ -1,4 +1,4 @@
-#include "frame/contract/catalogue.h"
+#include "frame/com/catalogue.h"
 
 #include <new>
 
@@ -24,7 +24,7 @@ const Library vorla6{L"Vorla6", identifier(numbers::library), 6, 0, &loadOwn};
 std::span<const Publication* const> catalogue() {
     static const Publication* const classes[] = {
 #define PUBLIC_CLASS(name, number, instancing, documentation) &publicationOf(Of<name>()),
-#include "frame/contract/classes.def"
+#include "frame/com/classes.def"
     };
     return classes;
 }

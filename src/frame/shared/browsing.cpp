@@ -1,16 +1,15 @@
-#include "frame/declarations/browsing.h"
-
-#include <windows.h>
+#include "frame/shared/browsing.h"
 
 #include <shlobj.h>
 
 #include <array>
 #include <string>
 
-#include "frame/declarations/files.h"
+#include "frame/shared/files.h"
 #include "frame/values/ansi.h"
 #include "frame/values/failure.h"
 #include "frame/values/unique_handle.h"
+#include "frame/values/winapi.h"
 
 namespace vorla {
 namespace {

@@ -1,13 +1,12 @@
-#include "frame/declarations/system_queries.h"
-
-#include <windows.h>
+#include "frame/shared/system_queries.h"
 
 #include <iterator>
 
-#include "frame/declarations/fields.h"
-#include "frame/declarations/paths.h"
-#include "frame/declarations/version_name.h"
+#include "frame/shared/fields.h"
+#include "frame/shared/paths.h"
+#include "frame/shared/version_name.h"
 #include "frame/values/ansi.h"
+#include "frame/values/winapi.h"
 
 namespace vorla {
 

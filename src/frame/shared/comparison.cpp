@@ -1,4 +1,4 @@
-#include "frame/declarations/comparison.h"
+#include "frame/shared/comparison.h"
 
 #include "frame/values/conversions.h"
 
@@ -10,7 +10,7 @@ HRESULT compared(VariantView one, VariantView other) {
     // The comparison leaves both alone, which its declaration does not say.
     const auto order =
         VarCmp(const_cast<VARIANT*>(&one.raw()), const_cast<VARIANT*>(&other.raw()), LOCALE_USER_DEFAULT, 0);
-    check(order);
+    throwIfFailed(order);
     return order;
 }
 

@@ -1,10 +1,9 @@
-#include "frame/declarations/profile.h"
-
-#include <windows.h>
+#include "frame/shared/profile.h"
 
 #include <iterator>
 
 #include "frame/values/ansi.h"
+#include "frame/values/winapi.h"
 
 namespace vorla {
 namespace {

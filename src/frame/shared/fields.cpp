@@ -1,8 +1,8 @@
-#include "frame/declarations/fields.h"
+#include "frame/shared/fields.h"
 
 #include <algorithm>
 
-#include "frame/declarations/matcher.h"
+#include "frame/shared/matcher.h"
 #include "frame/values/runtime_error.h"
 
 namespace vorla {

@@ -1,4 +1,4 @@
-#include "frame/declarations/host_queries.h"
+#include "frame/shared/host_queries.h"
 
 #include "frame/host/bound_object.h"
 #include "frame/host/host_items.h"
@@ -26,7 +26,7 @@ bool ProprieteExiste(const HostObject& Objet, TextView Propriete, std::int16_t T
         constexpr LCID english = 1033;
         if (!Objet) return false;
         DISPID id = DISPID_UNKNOWN;
-        check(findMember(Objet.get(), Text(Propriete).c_str(), english, id));
+        throwIfFailed(findMember(Objet.get(), Text(Propriete).c_str(), english, id));
         invoked(Objet.get(), id, static_cast<WORD>(TypeAppel), {}, english);
         return true;
     });

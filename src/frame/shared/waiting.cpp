@@ -1,8 +1,7 @@
-#include "frame/declarations/waiting.h"
-
-#include <windows.h>
+#include "frame/shared/waiting.h"
 
 #include "frame/host/globals.h"
+#include "frame/values/winapi.h"
 
 namespace vorla {
 

@@ -1,6 +1,6 @@
 // The shared routines that ask Windows, with real files; and the larger and smaller of two values.
-#include "frame/declarations/comparison.h"
-#include "frame/declarations/files.h"
+#include "frame/shared/comparison.h"
+#include "frame/shared/files.h"
 #include "frame/values/ansi.h"
 #include "frame/values/runtime_error.h"
 #include "support/automation.h"

@@ -1,4 +1,4 @@
-#include "frame/declarations/paths.h"
+#include "frame/shared/paths.h"
 
 #include <algorithm>
 

@@ -15,7 +15,7 @@ extern const Library vorla6;
     inline constexpr ClassEntry classEntry<name>{L"" #name, number, Instancing::instancing, vorla6, \
                                                  documentation};                                    \
     const Publication& publicationOf(Of<name>);
-#include "frame/contract/classes.def"
+#include "frame/com/classes.def"
 
 /// Every public class.
 std::span<const Publication* const> catalogue();

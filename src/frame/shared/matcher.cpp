@@ -1,4 +1,4 @@
-#include "frame/declarations/matcher.h"
+#include "frame/shared/matcher.h"
 
 namespace vorla {
 

@@ -1,7 +1,7 @@
-#include "frame/contract/eEnum.h"
+#include "frame/com/eEnum.h"
 
+#include "frame/com/catalogue.h"
 #include "frame/com/publish.h"
-#include "frame/contract/catalogue.h"
 
 namespace vorla {
 

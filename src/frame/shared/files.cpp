@@ -1,13 +1,12 @@
-#include "frame/declarations/files.h"
-
-#include <windows.h>
+#include "frame/shared/files.h"
 
 #include <array>
 
-#include "frame/declarations/paths.h"
+#include "frame/shared/paths.h"
 #include "frame/values/ansi.h"
 #include "frame/values/conversions.h"
 #include "frame/values/failure.h"
+#include "frame/values/winapi.h"
 
 namespace vorla {
 namespace {
@@ -17,18 +16,18 @@ DWORD attributesOf(TextView path) { return GetFileAttributesA(toAnsi(path).c_str
 bool isExistingFolder(TextView path) { return ExisteFichier(path, eFileToTest::eftDirectory); }
 
 // An empty file that Windows creates to reserve its name. It goes with this object unless it is left behind.
-class Placeholder {
+class ReservedName {
 public:
-    explicit Placeholder(TextView prefix) {
+    explicit ReservedName(TextView prefix) {
         std::array<char, 512> folder;
         const auto length = GetTempPathA(static_cast<DWORD>(folder.size()), folder.data());
         if (length < 1 || length >= folder.size()) return;
         std::array<char, 576> name{};
         if (GetTempFileNameA(folder.data(), toAnsi(prefix).c_str(), 0, name.data())) name_ = name;
     }
-    Placeholder(const Placeholder&) = delete;
-    Placeholder& operator=(const Placeholder&) = delete;
-    ~Placeholder() {
+    ReservedName(const ReservedName&) = delete;
+    ReservedName& operator=(const ReservedName&) = delete;
+    ~ReservedName() {
         if (exists()) DeleteFileA(name_.data());
     }
 
@@ -75,18 +74,18 @@ bool SupprimeFichier(TextView Chemin) {
 
 Text CheminTemporaire(TextView Prefixe, Text& Extension) {
     for (Text result;;) {
-        Placeholder placeholder(Prefixe);
-        if (!placeholder.exists()) return result;
-        result = placeholder.name();
+        ReservedName reserved(Prefixe);
+        if (!reserved.exists()) return result;
+        result = reserved.name();
         if (Extension.empty()) return result;
 
         if (Extension.find(L'.') == Text::npos) Extension.insert(0, 1, L'.');
         const Text created = result;
         result = withExtension(created, DecoupeChemin(created, eFileN::eFExtension).text(), Extension);
-        // With the placeholder's own extension every name would be taken, by its own placeholder.
-        const bool isPlaceholder = lowerCased(result) == lowerCased(created);
-        if (isPlaceholder || !ExisteFichier(result, eFileToTest::eftFile)) return result;
-        placeholder.leaveBehind();
+        // With the extension of the reserved name itself, every name would be taken: by that reserved name.
+        const bool isReserved = lowerCased(result) == lowerCased(created);
+        if (isReserved || !ExisteFichier(result, eFileToTest::eftFile)) return result;
+        reserved.leaveBehind();
     }
 }
 
