@@ -30,7 +30,7 @@ TEST(Ansi, textCrossesByTheCodePage) {
     EXPECT_EQ(bytes, toAnsi(fromAnsi(bytes)));
 }
 
-TEST(Declarations, foldersOfPathsExist) {
+TEST(Shared, foldersOfPathsExist) {
     const TemporaryFolder temporary;
     const auto file = temporary.file(L"fichier.txt");
     EXPECT_TRUE(ExisteDossier(temporary.path()));
@@ -47,7 +47,7 @@ TEST(Declarations, foldersOfPathsExist) {
     EXPECT_FALSE(ExisteDossier(L"C:\\" + Text(40000, L'x') + L"\\y"));
 }
 
-TEST(Declarations, onlyFilesAreDeleted) {
+TEST(Shared, onlyFilesAreDeleted) {
     const TemporaryFolder temporary;
     const auto file = temporary.file(L"fichier é.txt"), folder = temporary.folder(L"dossier");
     EXPECT_FALSE(SupprimeFichier(folder));
@@ -87,7 +87,7 @@ std::size_t filesIn(const std::wstring& folder) {
     return count;
 }
 
-TEST(Declarations, temporaryNamesNameNoFile) {
+TEST(Shared, temporaryNamesNameNoFile) {
     const TemporaryFolder temporary;
     const auto folder = temporary.folder(L"temp.tmpx é");
     const TemporaryFilesIn there(folder.c_str());
@@ -131,7 +131,7 @@ DWORD WINAPI removeLater(void* given) {
 }
 
 // The extension leads every name to one file, which goes away while names are being drawn.
-TEST(Declarations, takenTemporaryNamesAreDrawnAgain) {
+TEST(Shared, takenTemporaryNamesAreDrawnAgain) {
     const TemporaryFolder temporary;
     const auto folder = temporary.folder(L"noms");
     Removal removal{temporary.file(L"pris"), folder};
@@ -150,7 +150,7 @@ TEST(Declarations, takenTemporaryNamesAreDrawnAgain) {
     EXPECT_FALSE(TemporaryFolder::exists(name.substr(0, name.size() - extension.size()) + L".tmp"));
 }
 
-TEST(Declarations, temporaryNamesNeedAFolder) {
+TEST(Shared, temporaryNamesNeedAFolder) {
     const TemporaryFolder temporary;
     Text extension = L"txt";
     {
@@ -170,7 +170,7 @@ std::string smaller(const Variant& one, const Variant& other) {
     return describe(MinVar(one.view(), other.view()).raw());
 }
 
-TEST(Declarations, theLargerAndTheSmallerOfTwoValues) {
+TEST(Shared, theLargerAndTheSmallerOfTwoValues) {
     const Variant two(std::int16_t{2}), three(std::int32_t{3}), half(0.5), minus(Currency{-10000}), empty;
     const struct {
         const Variant& low;
@@ -194,7 +194,7 @@ TEST(Declarations, theLargerAndTheSmallerOfTwoValues) {
     EXPECT_EQ(describe(variable.raw()), larger(byReference(variable), two));
 }
 
-TEST(Declarations, equalValuesGiveTheSecond) {
+TEST(Shared, equalValuesGiveTheSecond) {
     const Variant narrowOne(std::int16_t{2}), wideOne(std::int32_t{2}), floating = single(2);
     for (const auto& [one, other] : {std::pair(&narrowOne, &wideOne), std::pair(&wideOne, &narrowOne),
                                      std::pair(&floating, &narrowOne), std::pair(&narrowOne, &floating)}) {
@@ -206,7 +206,7 @@ TEST(Declarations, equalValuesGiveTheSecond) {
     EXPECT_EQ(describe(nullValue().raw()), smaller(narrowOne, nullValue()));
 }
 
-TEST(Declarations, whatCannotBeComparedIsATypeMismatch) {
+TEST(Shared, whatCannotBeComparedIsATypeMismatch) {
     Variant array;
     array.put()->parray = SafeArrayCreateVector(VT_VARIANT, 0, 1);
     array.put()->vt = VT_ARRAY | VT_VARIANT;
