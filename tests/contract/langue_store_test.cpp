@@ -1,4 +1,4 @@
-// Which language is in use: one for each thread, gone with the thread or with the component.
+// The language in use: one for each thread, freed with the thread or with the component.
 #include <atomic>
 #include <optional>
 
@@ -13,7 +13,7 @@ TEST_F(Langue, instancesOfAThreadShareTheLanguage) {
     EXPECT_EQ(languages + L"\\ENG.lng", viewOf(invoke(second.get(), L"LngGetFileName").result.raw().bstrVal));
     EXPECT_EQ(S_OK, invoke(second.get(), L"LngSetLanguage", {text(L"")}).code);
     EXPECT_EQ(L"", textOf(L"LngGetFileName"));
-    // Objects come and go, the language stays.
+    // The language outlives the objects.
     select(L"FRA");
     component.create(numberOfLangue);
     EXPECT_EQ(languages + L"\\FRA.lng", textOf(L"LngGetFileName"));
@@ -55,8 +55,8 @@ TEST_F(Langue, twoThreadsHoldTwoLanguages) {
     EXPECT_EQ(0, wrong);
 }
 
-// What is allocated from every heap of the process. Unlike the pages that the process holds, this does not
-// count the gaps between blocks.
+// The bytes allocated from all heaps of the process. Unlike the pages that the process holds, this does not
+// count gaps between blocks.
 SIZE_T allocatedBytes() {
     HANDLE heaps[64];
     const DWORD count = GetProcessHeaps(64, heaps);

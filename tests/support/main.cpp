@@ -1,5 +1,5 @@
-// The main program of all contract tests. It uses the language that the runner has set, and ends a hung test
-// with its name.
+// The main program of the Windows test suites. It uses the language that the runner has set, and ends a hung
+// test with its name.
 
 #include <gtest/gtest.h>
 
