@@ -11,7 +11,7 @@
 namespace vorla {
 namespace {
 
-// What the format of 11 digits makes of a whole number.
+// A whole number in the format of 11 digits.
 Text formatted(TextView digits) { return zeroFilled(digits, 11).text(); }
 
 TEST(AccountDigits, FollowTheTableForCapitals) {
@@ -66,7 +66,7 @@ TEST(BankRemainder, TakesEveryCodeForItsLeadingNumber) {
     EXPECT_EQ(bankRemainder(L"", L"", L""), 0);
     // A text shorter than 6 characters counts twice: 1 and 1 give 100001, and 100001 = 97 x 1030 + 91.
     EXPECT_EQ(bankRemainder(L"0", L"0", L"1/2"), 91);
-    // Of more than 11 characters the middle is not looked at.
+    // If there are more than 11 characters, those in the middle do not count.
     EXPECT_EQ(bankRemainder(L"1", L"2", L"000001999900002"), bankRemainder(L"1", L"2", L"00000100002"));
 }
 
