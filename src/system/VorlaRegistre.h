@@ -30,8 +30,7 @@ public:
     void RegLireValeurs(TextView Cle, const HostObject& Coll);
 
     /// Stores a text, up to its first NUL and without blanks around it, or a 32-bit number. Any other type
-    /// stores nothing and gives True; old hosts rely on this. A missing key is made first if
-    /// `CreateKeyIfNotExist`.
+    /// stores nothing and gives True. A missing key is made first if `CreateKeyIfNotExist`.
     bool RegEcritValeur(TextView Cle, TextView NomValeur, VariantView Valeur, DataType TypeValeur,
                         const bool& CreateKeyIfNotExist);
 

@@ -56,7 +56,7 @@ public:
 
     /// Writes or deletes a value of an INI file, or deletes a section; see IniEcriture(). With
     /// `ConvertionOEM` only the names are converted, while IniLit also converts the value, so accented
-    /// letters come back changed. Old hosts rely on this.
+    /// letters come back changed.
     std::int32_t IniEcrit(TextView FichierINI, TextView Section, TextView MotClé, TextView Valeur,
                           bool ConvertionOEM);
 

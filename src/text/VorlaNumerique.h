@@ -21,9 +21,8 @@ public:
     /// none. Errors: 13 for a value that has no text, 94 for Null.
     Variant NumFrmtEnr(VariantView Montant);
 
-    /// Whether the key fits the account. Old hosts rely on two results: True, after a message, for a bank or
-    /// branch code that is not a number, and True for any key when the account's remainder is 0. Error 6 for
-    /// a code beyond the 32-bit range.
+    /// Whether the key fits the account; see bankKeyFits(). Also True, after a message, for a bank or branch
+    /// code that is not a number. Error 6 for a code beyond the 32-bit range.
     bool RIBControle(TextView Code_banque, TextView Code_guichet, TextView Compte, TextView Clé_Rib);
 
     /// The key of the account. 0 after a message for a bank or branch code that is not a number, and when the

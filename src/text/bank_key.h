@@ -20,8 +20,7 @@ Text accountDigits(TextView account);
 /// halves to even. Error 6 when a value leaves the 32-bit range.
 std::int32_t bankRemainder(TextView bank, TextView branch, TextView formattedAccount);
 
-/// The key for a remainder. 0 for the remainder 0, where the bank itself uses the key 97. Old hosts rely on
-/// this.
+/// The key for a remainder; 0 for the remainder 0, where the bank itself uses the key 97.
 std::int16_t bankKey(std::int32_t remainder);
 
 /// Whether a key fits a remainder. Any key fits the remainder 0, which also stands for a code that is not a

@@ -180,8 +180,8 @@ TEST_F(FichierDialogs, titlesOfAnyLength) {
     EXPECT_TRUE(contains(watcher.seen()[1].texts, L"avant"));
 }
 
-// The requests behind the dialogs. They are answered with an item of the tree and, in the caller's buffer, a
-// name.
+// The requests that the dialogs make. They are answered with an item of the tree and, in the caller's buffer,
+// a name.
 class Requests : public FichierDialogs {
 protected:
     Requests() {

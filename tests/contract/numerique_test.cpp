@@ -249,8 +249,8 @@ TEST_F(Numérique, accountsThatAreNoNumbersCountByTheirLeadingNumbers) {
 TEST_F(Numérique, codesBeyondTheRangeOverflow) {
     expectError(call(L"RIBClé", {text(L"2147483648"), text(L"0"), text(L"0")}), 6);
     expectError(call(L"RIBControle", {text(L"99999999999"), text(L"0"), text(L"0"), text(L"0")}), 6);
-    // 2147483647 = 97 x 22139006 + 65; behind it stand 16 zeros, and 10^16 mod 97 = 62; 65 x 62 mod 97 = 53;
-    // the key of 53 is (97 - 53) x 100 mod 97 = 35.
+    // 2147483647 = 97 x 22139006 + 65; 16 zeros follow, and 10^16 mod 97 = 62; 65 x 62 mod 97 = 53; the key
+    // of 53 is (97 - 53) x 100 mod 97 = 35.
     expectResult(call(L"RIBClé", {text(L"2147483647"), text(L"0"), text(L"0")}), short16(35));
 }
 

@@ -8,8 +8,8 @@
 
 namespace vorla {
 
-/// The code of the running Windows. `Nom` gets "Windows " and the version's name. A version without a code
-/// gives 0 and "Windows " alone; Vista gives "Windows Windows Vista". Old hosts rely on both.
+/// The code of the running Windows. `Nom` gets "Windows " and the version's name; see versionName(). A
+/// version without a code gives 0 and "Windows " alone.
 WinVer VersionWindows(Text& Nom);
 
 /// One item of the user's locale, up to its first NUL character. Empty for an item that does not exist or
