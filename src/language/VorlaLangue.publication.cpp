@@ -17,7 +17,7 @@ PUBLISH(VorlaLangue, DATA_MEMBER(ThemedBackColorApply), DATA_MEMBER(ThemedBackCo
         METHOD(LngSetFileName, L"AppPath", L"Code"), METHOD(LngSetLanguage, L"Language"),
         METHOD(LngGetPresent, L"TypeRetour", optional(L"Lst")), METHOD(StringEscape, L"strMsg"),
         METHOD(StringUnEscape, L"strMsg"),
-        RESERVED_SLOT,  // the private reading routine
+        RESERVED_SLOT,  // the routine behind every read
         METHOD(LoadMsgLng, L"strMsgId", optional(L"SuppressEt", false), optional(L"String_1"),
                optional(L"String_2"), optional(L"String_3"), optional(L"String_4")),
         METHOD(LoadCtlLng, L"strFormName", L"strCtlName", L"CtlProperty", optional(L"CtlIndex", -1),

@@ -5,7 +5,7 @@
 
 namespace vorla {
 
-// A row's place is its member's identifier and slot: add new members after the last one.
+// A row's place is its member's identifier and slot: new members go behind the last one.
 PUBLISH(VorlaFichier, METHOD(NormalisePath, L"Path"), METHOD(DeNormalisePath, L"Path"),
         METHOD(ExtraitChemin, L"Chemin", optional(L"RenvoieNomFic", eFileN::efRépertoire)),
         METHOD(FileNameShortToLong, L"FileName"), METHOD(FileNameLongToShort, L"FileName"),

@@ -25,7 +25,7 @@ PUBLISH(VorlaSystem, METHOD(SysDisqueNumero, L"Disque"), METHOD(SysDisqueLabel, 
         METHOD(IsDiskReady, L"Chem"), METHOD(SleepNoWait, L"Millisecondes"), METHOD(IsScreenSaverRunning),
         METHOD(UNCPathFromPath, L"pLocalName"), METHOD(WinProcIDFromWnd, L"hwnd"),
         METHOD(WindowHandle, L"Titre"),
-        // The report of a shell failure. No host calls it.
+        // The report of a shell failure, which hosts do not call.
         RESERVED_SLOT)
 
 }  // namespace vorla

@@ -7,7 +7,7 @@ namespace vorla {
 
 PUBLISH(VorlaNumérique, METHOD(NumFrmtSys, L"Montant", optional(L"ZéroSignificatif", true)),
         METHOD(NumFrmtEnr, L"Montant"),
-        RESERVED_SLOT,  // the shared routine of the next two members
+        RESERVED_SLOT,  // the routine behind the two members that follow
         METHOD(RIBControle, L"Code_banque", L"Code_guichet", L"N°_Compte", L"Clé_Rib"),
         METHOD(RIBClé, L"Code_banque", L"Code_guichet", L"N°_Compte"))
 

@@ -13,7 +13,7 @@ wchar_t digitOf(wchar_t character) {
     const auto digit = [](std::uint32_t value) { return static_cast<wchar_t>(L'0' + value % 10); };
     if (code > 82) return digit(code - 81);
     if (code > 73) return digit(code - 73);
-    // 64 would be 0. Ten more keeps the difference positive for the signs before "A".
+    // Counted from 64. Ten is added so that the signs before "A" do not become negative.
     if (code > 57) return digit(code - 64 + 10);
     return character;
 }

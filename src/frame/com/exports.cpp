@@ -1,5 +1,5 @@
-// The four entry points of the component, and the entry point through which Windows reports the host's
-// threads.
+// The four functions that the component exports, and the entry point through which Windows reports the ends
+// of threads.
 
 #include <new>
 
