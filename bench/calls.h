@@ -1,4 +1,4 @@
-// Calls of automation objects in the three ways that hosts have: by the object's own dispatch, by the
+// Calls of automation objects in the three ways of hosts: through the object's own dispatch, through the
 // system's dispatch over a type library, and through the vtable.
 #pragma once
 
@@ -16,7 +16,7 @@ using Dispatch = ComPointer<IDispatch>;
 using Description = ComPointer<ITypeInfo>;
 using Factory = ComPointer<IClassFactory>;
 
-/// Throws when a call fails that the measurement needs. Inline, for measured code calls it too.
+/// Throws when a call that the measurement needs has failed. Inline, because measured code calls it too.
 void failed(HRESULT code);
 inline void demand(HRESULT code) {
     if (FAILED(code)) failed(code);
@@ -34,7 +34,7 @@ private:
     GetClassObject getClassObject_;
 };
 
-/// An object from its class factory. Inline, for measured code calls it too.
+/// An object from its class factory. Inline, because measured code calls it too.
 inline Dispatch create(IClassFactory* factory) {
     Dispatch object;
     demand(factory->CreateInstance(nullptr, IID_IDispatch, reinterpret_cast<void**>(object.put())));
@@ -86,7 +86,7 @@ inline void invokeByTypeInfo(ITypeInfo* description, IDispatch* object, DISPID i
                                &badArgument));
 }
 
-/// Where in the vtable of the described object's dual interface a method lies, in bytes.
+/// The offset of a method in the vtable of the described object's dual interface, in bytes.
 SHORT vtableOffset(ITypeInfo* description, DISPID id);
 
 /// A method with these raw arguments, called through the vtable.

@@ -1,11 +1,11 @@
-// An object from its class factory and back, against a class of the system's own.
+// Creating and releasing an object through its class factory, compared with a class of the system's.
 #include "frame/com/catalogue.h"
 #include "subjects.h"
 
 namespace vorla::bench {
 namespace {
 
-// How many references are left: none.
+// Returns the number of references left, which is 0.
 ULONG createAndRelease(IClassFactory* factory) { return create(factory).release()->Release(); }
 
 }  // namespace

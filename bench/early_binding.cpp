@@ -1,5 +1,5 @@
-// What a method costs beyond its work: each against a plain function, written for the purpose, that makes
-// the same string with one allocation.
+// The cost of a method beyond its work: each is compared with a plain function, written for the purpose, that
+// makes the same string with one allocation.
 #include <algorithm>
 
 #include "frame/com/catalogue.h"
@@ -8,7 +8,7 @@
 namespace vorla::bench {
 namespace {
 
-// Never specialised for the arguments that it happens to be measured with.
+// The compiler must not specialise it for the measured arguments.
 #define PLAIN_FUNCTION [[gnu::noipa]]
 
 PLAIN_FUNCTION BSTR column(BSTR text, std::size_t width) {
@@ -90,7 +90,7 @@ void measureEarlyBinding(Bench& bench, const Component& component) {
         [&](BSTR* result) { parse(fields.get(), &kind, &noCustom, result); },
         [&] { return quotedText(fields.get(), kind, noCustom); });
 
-    // The long texts of the growth rows, where most of the time is the system's: fresh memory.
+    // Texts as long as in the growth rows, where the system needs most of the time for fresh memory.
     const Text manyCharacters(1'000'000, L'x');
     const Bstr page{TextView(manyCharacters)};
     compareString(

@@ -1,5 +1,5 @@
-// LngFormLoad against the bare reads of the language file that it has to make: what the member and the host's
-// calls add to them. The form is as light as automation objects can be, so that nothing hides behind it.
+// LngFormLoad compared with just the reads of the language file that it has to make: what the member and the
+// host's calls add to them. The form is as light as automation objects can be, so that it hides nothing.
 #include <algorithm>
 #include <functional>
 #include <memory>
@@ -19,7 +19,7 @@ std::wstring textOf(std::size_t number, const wchar_t* property) {
     return std::wstring(property) + L" of control " + std::to_wstring(number);
 }
 
-// An automation object that knows a few names. Lives longer than any reference to it.
+// An automation object that knows a few names. It must outlive all references to it.
 class LightObject : public IDispatch {
 public:
     LightObject() = default;
@@ -57,7 +57,7 @@ public:
     }
 
 protected:
-    // Members are known by their place among the names.
+    // A member's identifier is its place among the names.
     std::vector<std::wstring_view> names_;
     virtual Variant read(std::size_t member, const DISPPARAMS& parameters) = 0;
     virtual HRESULT write(std::size_t, const VARIANT&) { return DISP_E_MEMBERNOTFOUND; }
@@ -97,7 +97,7 @@ private:
 
 class Controls final : public LightObject {
 public:
-    // Evenly out of all that the file has texts for: a form's size is then all that differs.
+    // Taken evenly from all texts in the file, so that forms differ only in size.
     Controls(std::size_t count, std::size_t& written) {
         names_ = {L"Count", L"Item"};
         for (std::size_t i = 0; i < count; ++i)
@@ -136,7 +136,7 @@ private:
     Controls controls_;
 };
 
-// The application's folder with its one language file, gone when the measurement is over.
+// The application's folder with its one language file, deleted after the measurement.
 class Application {
 public:
     Application() {
@@ -182,7 +182,7 @@ std::function<std::int64_t()> loading(const Dispatch& langue, std::size_t contro
     };
 }
 
-// The same texts by the system's function alone.
+// Reads the same texts with the system's function alone.
 std::function<std::int64_t()> reading(const std::string& file, std::size_t controls) {
     std::vector<std::string> keys;
     for (std::size_t i = 0; i < controls; ++i)

@@ -1,6 +1,6 @@
-// Time per character at the largest text that a member takes against a text of a thousand characters:
-// whatever its text says, a member's time is to be proportional to its length. What the members should
-// give is written down here, not asked of them.
+// The time per character at the largest text that a member takes, compared with a text of a thousand
+// characters: whatever the text is, a member's time should be proportional to its length. The expected
+// results are written down here and not taken from the members.
 #include <functional>
 #include <memory>
 
@@ -11,10 +11,10 @@ namespace vorla::bench {
 namespace {
 
 constexpr std::size_t smallest = 1'000;
-constexpr std::size_t largestCounted = 32'767;  // where positions and lengths end
-constexpr std::size_t largest = 1'000'000;      // where the text alone counts
+constexpr std::size_t largestCounted = 32'767;  // the largest position and length
+constexpr std::size_t largest = 1'000'000;      // for members without positions
 
-// A call with a text of some size, and what it gives.
+// A call with a text of some size, and its expected result.
 template <class Result, class Expected>
 struct Sized {
     std::function<Result()> run;

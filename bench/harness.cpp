@@ -20,7 +20,7 @@ namespace {
 
 constexpr int fewestRounds = 7;
 
-// As many repetitions as fill a slice. The first runs also warm caches up.
+// The number of repetitions that fill a slice. The first runs also warm up caches.
 std::size_t repetitionsFor(const Effort& effort, const Batch& subject) {
     std::size_t repetitions = 1;
     double time = subject(repetitions);
@@ -49,7 +49,7 @@ std::vector<double> medians(const Effort& effort, const std::vector<Batch>& subj
     for (int round = 0;
          round < fewestRounds || (round < effort.rounds && nanoseconds() - start < effort.limit); ++round) {
         for (std::size_t i = 0; i < subjects.size(); ++i) {
-            // Every other round backwards: nobody always follows the same neighbour.
+            // Every other round runs backwards, so that no subject always follows the same neighbour.
             const auto at = round % 2 == 0 ? i : subjects.size() - 1 - i;
             times[at].push_back(subjects[at](repetitions[at]) / static_cast<double>(repetitions[at]));
         }
@@ -82,7 +82,7 @@ std::string padded(std::string text, int width) {
     return text.append(static_cast<std::size_t>(std::max<std::ptrdiff_t>(0, width - columns)), ' ');
 }
 
-// Three significant digits, as many as the measurement is good for.
+// Three significant digits; the measurement is no more precise.
 std::string written(double value) {
     char text[32];
     const int decimals = value < 1 ? 3 : value < 10 ? 2 : value < 100 ? 1 : 0;

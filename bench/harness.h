@@ -1,5 +1,5 @@
-// How the benchmark times things: ours and its peer in turn, many short slices each, medians of them,
-// and a result that is compared before the first slice.
+// Timing: our subject and its peer run in turn, in many short slices, and the medians are compared. Before
+// the first slice their results are compared.
 #pragma once
 
 #include <cstdio>
@@ -12,27 +12,27 @@
 
 namespace vorla::bench {
 
-/// How long is measured. Slices are far shorter than the system's own, and many: one that another program
-/// interrupts is an outlier that does not reach the median, and no subject meets the interruptions more
-/// often than its peer.
+/// The length of the measurement. Slices are far shorter than the system's own, and many. A slice that
+/// another program interrupts is then an outlier that does not reach the median, and interruptions meet all
+/// subjects alike.
 struct Effort {
     double slice;  // nanoseconds
     int rounds;
-    double limit;  // nanoseconds for all rounds; what takes longer gets fewer rounds, seven at least
+    double limit;  // nanoseconds for all rounds; slower subjects get fewer rounds, at least seven
 };
 
-/// Runs one subject so many times and returns the nanoseconds that it took.
+/// Runs one subject this many times and returns the nanoseconds that it took.
 using Batch = std::function<double(std::size_t repetitions)>;
 
 double nanoseconds();
 
-/// Makes the compiler believe that somebody reads the value.
+/// Makes the compiler assume that the value is read.
 template <class T>
 void keep(const T& value) {
     asm volatile("" : : "g"(&value) : "memory");
 }
 
-/// What `work` returns is destroyed inside the measured time, so that a subject frees what it made.
+/// The result of `work` is destroyed inside the measured time, so that a subject also frees what it makes.
 template <class Work>
 Batch batchOf(Work work) {
     return [work = std::move(work)](std::size_t repetitions) mutable {
@@ -57,7 +57,7 @@ struct Row {
     double target;
 };
 
-/// The table on the standard output, and the same rows for programs in a file of tab-separated values.
+/// Prints the table on the standard output and writes the same rows to a file of tab-separated values.
 class Report {
 public:
     /// `append` continues the table and the file that another build began.
@@ -72,12 +72,12 @@ private:
     std::FILE* file_ = nullptr;
 };
 
-/// What the measuring functions share.
+/// The common part of the measuring functions.
 struct Bench {
     Effort effort;
     Report& report;
 
-    /// Checks that both give the same, then times both.
+    /// Checks that both give the same result, then times both.
     template <class Ours, class Peer>
     void compare(const std::string& name, double target, Ours ours, const std::string& peerName, Peer peer) {
         if (!same(ours(), peer())) throw WrongResult(name);

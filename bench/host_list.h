@@ -1,4 +1,4 @@
-// A list of a host, as the benchmark drives it.
+// A host's list for the benchmark.
 #pragma once
 
 #include <vector>
@@ -8,9 +8,9 @@
 
 namespace vorla::bench {
 
-/// `ListCount`, `List(i)` and `ItemData(i)`, with as little work of its own as a list can have, so that what
-/// the caller adds to it shows. Counts what it is asked. Lives in a file of its own: the compiler must not
-/// see through it, as it cannot see through a host.
+/// `ListCount`, `List(i)` and `ItemData(i)`, with as little work as possible, so that the caller's own work
+/// shows. Counts its calls. It is in a file of its own so that the compiler cannot inline it, as it cannot
+/// inline a host.
 class HostList final : public IDispatch {
 public:
     static constexpr std::int32_t lineCount = 10'000;
@@ -18,7 +18,7 @@ public:
     HostList();
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
-    // Lives as long as the measurement, whoever refers to it.
+    // Lives as long as the measurement, whatever refers to it.
     ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
     ULONG STDMETHODCALLTYPE Release() override { return 1; }
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;

@@ -1,5 +1,5 @@
-// What driving the host by name costs beyond the host's own work: a loop over a long list through
-// BoundObject, against the same loop written by hand on IDispatch::Invoke.
+// The cost of driving the host by name beyond the host's own work: a loop over a long list through
+// BoundObject, compared with the same loop written by hand on IDispatch::Invoke.
 #include "frame/host/bound_object.h"
 
 #include "host_list.h"
@@ -15,7 +15,7 @@ void read(IDispatch* object, DISPID id, VARIANT* index, VARIANT& result) {
                           nullptr));
 }
 
-// Walks the list by hand, handing each item's value to `use`.
+// Walks the list by hand and passes each item's value to `use`.
 template <class Use>
 void walkByHand(IDispatch* object, const wchar_t* name, Use use) {
     const auto countId = idByObject(object, L"ListCount"), id = idByObject(object, name);
@@ -38,7 +38,7 @@ void walk(IDispatch* object, Literal name, Use use) {
     for (std::int32_t i = 0; i < count; ++i) use(list.get(name, i));
 }
 
-// A loop that asks the host for more than the items would be measured for nothing.
+// The loop must ask the host for nothing but the items; otherwise the measurement would be meaningless.
 template <class Loop>
 void demandOneCallAnItem(const std::string& row, HostList& list, Loop loop) {
     list.lookups = list.calls = 0;

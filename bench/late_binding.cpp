@@ -1,4 +1,4 @@
-// Our dispatch against ITypeInfo::Invoke on the same object, which is what a server gets that leaves
+// Our dispatch compared with ITypeInfo::Invoke on the same object, which a server uses when it leaves
 // dispatch to the system.
 #include <algorithm>
 
@@ -12,7 +12,7 @@ namespace {
 
 constexpr const char* peerName = "ITypeInfo::Invoke";
 
-// A result that owns nothing is returned as it is, so that freeing it is no part of the measured time.
+// The result is returned as it is, because it owns nothing and freeing it should not be measured.
 void compareNumber(Bench& bench, const std::string& name, IDispatch* object, const wchar_t* member,
                    Arguments arguments) {
     const auto description = descriptionOf(object);
@@ -51,7 +51,7 @@ void compareText(Bench& bench, const std::string& name, double target, IDispatch
         });
 }
 
-// The slowest of our names against the fastest of the type library's.
+// Compares the slowest of our names with the fastest of the type library's.
 void compareNames(Bench& bench, IDispatch* object) {
     const std::string row = "GetIDsOfNames, slowest member of VorlaChaine";
     const auto description = descriptionOf(object);

@@ -2,8 +2,8 @@
 //
 //     vorla_bench [--quick] [--append] [--results FILE] Vorla6.dll
 //
-// A missed target is a line of the table, not a failure: a shared machine has no say in what is correct.
-// A wrong result or a failing call is one, and the program then ends with 1.
+// A missed target is only a line of the table, because a shared machine says nothing about correctness. A
+// wrong result or a failing call is a failure, and the program then ends with 1.
 #include <fcntl.h>
 #include <io.h>
 
@@ -47,7 +47,7 @@ std::wstring wide(const char* text) {
     return result;
 }
 
-// The groups do not depend on each other: what one of them lacks must not hide the others.
+// If one group fails, the others are still measured.
 bool measureAll(Bench& bench, const Component& component) {
     bool correct = true;
     for (const auto measure : {measureLateBinding, measureEarlyBinding, measureCreation, measureHostObjects,
@@ -70,7 +70,7 @@ int main(int count, char** arguments) {
         std::fprintf(stderr, "usage: vorla_bench [--quick] [--append] [--results FILE] Vorla6.dll\n");
         return 2;
     }
-    // Lines end as on the system that reads them.
+    // Line ends are those of the system that reads the file.
     _setmode(_fileno(stdout), _O_BINARY);
     CoInitialize(nullptr);
     bool correct = false;

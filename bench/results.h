@@ -1,4 +1,4 @@
-// What timed calls give, compared before anything is timed.
+// Results of the timed calls, compared before anything is timed.
 #pragma once
 
 #include <concepts>
@@ -11,7 +11,7 @@
 
 namespace vorla::bench {
 
-/// Results that should be the same are not: what was timed would mean nothing.
+/// Thrown when results that should be the same differ: timing them would be meaningless.
 class WrongResult : public std::runtime_error {
 public:
     explicit WrongResult(const std::string& row) : std::runtime_error("wrong result: " + row) {}

@@ -6,22 +6,23 @@
 
 namespace vorla::bench {
 
-/// Invoke and the lookup of names, ours against the type library's.
+/// Invoke and the lookup of names, compared with the type library's.
 void measureLateBinding(Bench& bench, const Component& component);
 
-/// Methods called through the vtable against plain functions that make the same string.
+/// Methods called through the vtable, compared with plain functions that make the same string.
 void measureEarlyBinding(Bench& bench, const Component& component);
 
-/// Making and releasing an object, against another in-process class.
+/// Creating and releasing an object, compared with another in-process class.
 void measureCreation(Bench& bench, const Component& component);
 
-/// A host's list driven by name, against the same loop written by hand.
+/// A host's list driven by name, compared with the same loop written by hand.
 void measureHostObjects(Bench& bench, const Component& component);
 
-/// Time per character for long texts against short ones.
+/// Time per character for long texts compared with short ones.
 void measureGrowth(Bench& bench, const Component& component);
 
-/// A form's texts against the bare reads of the language file, and a large form against a small one.
+/// Loading a form's texts compared with just reading them from the language file, and a large form with a
+/// small one.
 void measureFormLoading(Bench& bench, const Component& component);
 
 }  // namespace vorla::bench

@@ -45,7 +45,7 @@ Sub CheckAccounts()
         account = Field(line, 4)
         key = Field(line, 5)
         reason = ""
-        ' What is no number is said here; the component would say it in a message box.
+        ' Codes that are not numbers are reported here; the component would show a message box.
         If Not IsNumeric(bank) Then
             reason = "code banque non numérique"
         ElseIf Not IsNumeric(branch) Then
@@ -56,7 +56,7 @@ Sub CheckAccounts()
                 reason = "la clé est " & chaine.Zclé(nombre.RIBClé(bank, branch, account), 2)
             End If
             Agree reason = "", Divisible(bank, branch, account, key), line
-            ' The right key, where there is one, is right by the other road too.
+            ' If there is a right key, the script's own computation accepts it too.
             If reason <> "" Then
                 Agree True, Divisible(bank, branch, account, nombre.RIBClé(bank, branch, account)), line
             End If

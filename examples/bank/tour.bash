@@ -1,4 +1,4 @@
-# Bank: keys of accounts checked, dates and amounts in the form for people and the form for storage.
+# Bank: checks keys of accounts, and converts dates and amounts between display and storage forms.
 same_in_both+=(bank.txt)
 
 run_bank() {

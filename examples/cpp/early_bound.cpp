@@ -1,7 +1,8 @@
 // A compiled host that calls through the dual interface's own slots, without dispatch.
 //
-// Most hosts let their compiler read Vorla6.tlb. This one shows what such a compiler makes of it: the slots
-// in the order of the type library, a status code from each, the function's result as the last argument.
+// Most hosts let their compiler read Vorla6.tlb. This one shows what such a compiler makes of it: slots in
+// the order of the type library, each returning a status code, with the function's result as the last
+// argument.
 #include <ole2.h>
 #include <windows.h>
 
@@ -46,7 +47,7 @@ void print(const char* what, BSTR text) {
     std::printf("%s gives \"%s\"\n", what, utf8);
 }
 
-// Runs one slot whose result is text, and shows that or the run-time error's number.
+// Calls a slot whose result is text, and shows the text or the run-time error's number.
 template <class Call>
 void show(const char* what, Call&& call) {
     BSTR result = nullptr;

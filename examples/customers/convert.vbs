@@ -11,7 +11,7 @@ Const forReading = 1
 Const fieldCount = 7
 Const epsSimpleQuote = 1
 Const epsCustom = 4
-' The counter goes on behind the last key of the customers that are there already.
+' The counter continues after the last key of the existing customers.
 Const lastKeyInUse = "C0ZY7"
 
 ' A record: where each column begins (from 1) and how wide it is.
@@ -140,7 +140,7 @@ Function CleanName(ByVal name)
     CleanName = Trim(name)
 End Function
 
-' Groups of thousands were typed with blanks, with no-break spaces or with points. Null for what is no amount.
+' Groups of thousands were typed with blanks, with no-break spaces or with points. Null if it is not an amount.
 Function AmountOf(ByVal amount)
     Dim value
     amount = chaine.Transfrm(amount, " ", "")
@@ -153,7 +153,7 @@ Function AmountOf(ByVal amount)
     If Err.Number = 0 Then AmountOf = value
 End Function
 
-' Day, month and year, between strokes, points or dashes, as year-month-day; Null for what is no date.
+' Day, month and year, between strokes, points or dashes, as year-month-day; Null if it is not a date.
 Function SortableDate(ByVal typed)
     Dim day, month, year
     SortableDate = ""

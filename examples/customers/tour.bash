@@ -1,4 +1,4 @@
-# Customers: a delimited file becomes records of fixed width with new keys.
+# Customers: converts a delimited file into records of fixed width with new keys.
 same_in_both+=(customers.dat)
 
 run_customers() {
@@ -7,7 +7,8 @@ run_customers() {
         "$(windows_path examples/customers/customers.csv)" "$(windows_path "$folder")"
 }
 
-# Rows of a table out of records of fixed width, which are one byte a character until the last moment.
+# Makes table rows from records of fixed width. They have one byte for each character, and are converted at
+# the very end.
 record_rows() {
     tr '\000' ' ' <"$1" | LC_ALL=C awk -v count=12 '
         function cell(from, width, class,    text) {

@@ -1,4 +1,4 @@
-# Files: those of a folder, by kind, with their sizes in words.
+# Files: lists a folder's files by kind, with their sizes in words.
 same_in_both+=(files.txt)
 
 run_files() {

@@ -1,10 +1,10 @@
-// A compiled host that calls by name: it makes folders, dates and renames a file, and lets its user choose
+// A compiled host that calls by name: it creates folders, dates and renames a file, and lets its user choose
 // where to store pictures.
 //
 //     folders.exe folder
 //
-// leaves pictures of the dialogs in that folder, as the user would see them. The user is a thread that
-// photographs each dialog and presses its OK button. Ends with 0 when every answer was the expected one.
+// leaves pictures of the dialogs in that folder, as the user would see them. A thread plays the user: it
+// photographs each dialog and presses its OK button. Ends with 0 when every answer was as expected.
 #include <ole2.h>
 #include <windows.h>
 
@@ -50,7 +50,7 @@ public:
         SystemTimeToVariantTime(&copy, &result.value_.date);
         return result;
     }
-    // What an optional argument is that the caller leaves out.
+    // An optional argument that the caller leaves out.
     static Value leftOut() {
         Value result;
         result.value_.vt = VT_ERROR;
@@ -131,7 +131,7 @@ BOOL CALLBACK findDialog(HWND window, LPARAM parameter) {
     return FALSE;
 }
 
-// Sits in front of the screen as long as this lives, and answers the dialogs in the order of their pictures.
+// Plays the user as long as this exists, and answers the dialogs in the order of their pictures.
 class User {
 public:
     explicit User(std::vector<std::wstring> pictures)
@@ -158,9 +158,9 @@ private:
             EnumWindows(&findDialog, reinterpret_cast<LPARAM>(&dialog));
         }
         if (!dialog) return;
-        // Without a screen a program's first window is active and does not know it.
+        // Without a screen, a program's first window is active without being told.
         SendMessageW(dialog, WM_NCACTIVATE, TRUE, 0);
-        // In a dialog of folders what lies in the selected one is unfolded to be seen.
+        // In a dialog for folders, unfolds the selected folder so that its contents are visible.
         vorla::test::BrowseDialog(dialog).below();
         Sleep(reading);
         if (!photograph(dialog, picture)) std::fprintf(stderr, "no picture of a dialog\n");
@@ -263,7 +263,8 @@ private:
              inside(L"2026\\Été"));
     }
 
-    // A file stands where the folder should be. The user reads the message, then chooses where he is.
+    // A file is in the place of the wanted folder. The user reads the message and then chooses the current
+    // folder.
     void chooseWhenRefused() {
         print(L"Un fichier occupe la place d'un dossier");
         SetCurrentDirectoryW(inside(L"2026").c_str());
@@ -279,7 +280,7 @@ private:
         SetCurrentDirectoryW(L"C:\\");
     }
 
-    // Takes away what this run, or one that was interrupted, has made.
+    // Deletes what this run, or an interrupted one, has created.
     void sweep() {
         for (const wchar_t* file : {L"2026\\Été\\DSC00017.jpg", L"2026\\Été\\Plage.jpg", L"Vrac"})
             fichier_.call(L"DeleteFile", {inside(file)});

@@ -1,4 +1,4 @@
-# Folders: made, chosen in the dialogs, and asked for when they cannot be made, with pictures.
+# Folders: creates them, lets the user choose one, and asks when one cannot be created; with pictures.
 example_targets+=(folders)
 same_in_both+=(folders.txt)
 

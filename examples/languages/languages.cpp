@@ -1,10 +1,10 @@
 // A form in three languages: languages.exe TRANSLATIONS APPLICATION
 //
-// The form is designed in French. Its texts are saved as the first language file of an application, the
-// translators' files are put beside it, and the form is then shown in each language that has a file: its
-// texts, the widths of its option buttons and check boxes, its colours, and the messages of the application.
-// APPLICATION is the folder of the application, TRANSLATIONS that of the translators' files; a picture of the
-// form in each language is left in APPLICATION.
+// The form is designed in French. Its texts are saved as the first language file of an application, and the
+// translators' files are put beside it. The form is then shown in each language that has a file: its texts,
+// the widths of its option buttons and check boxes, its colours, and the application's messages. APPLICATION
+// is the application's folder, TRANSLATIONS the folder of the translators' files. Pictures of the form in
+// each language are left in APPLICATION.
 #include <ole2.h>
 #include <windows.h>
 
@@ -54,7 +54,7 @@ HostObject create(const wchar_t* program) {
     return HostObject(created.get());
 }
 
-// The form as its designer left it.
+// The form as designed.
 class CustomerForm {
 public:
     explicit CustomerForm(Host& host)
@@ -95,7 +95,7 @@ public:
                                               .at = {180, 345 + 375.0f * static_cast<float>(i), 900, 270},
                                               .in = &letters}));
         options[3]->put(L"Value", std::int16_t{1});
-        // What stands on a tab has its colour.
+        // Controls on a tab get its colour.
         for (auto* option : options) option->put(L"Tag", L"**SmartTab**");
 
         add<Label>({.name = L"lblNote", .text = L"Note :", .at = {180, 2865, 1200, 255}});
@@ -110,9 +110,9 @@ public:
     }
 
     Form& form;
-    // Lists the languages that there are.
+    // Lists the available languages.
     DropDownList& languages = form.add<DropDownList>({.name = L"cboLangue", .at = {1440, 600, 2400, 315}});
-    // What the widths of captions are measured with.
+    // Used to measure the widths of captions.
     Label& measuring = form.add<Label>({.name = L"lblTest"});
     std::vector<Control*> options;
 
@@ -128,7 +128,7 @@ private:
     std::map<Text, Control*> controls_;
 };
 
-// Texts that belong to no control, with places for values.
+// Texts that belong to no control, with placeholders for values.
 void saveMessages(BoundObject& langue) {
     langue.call(L"LngSaveMsg", L"msgEnregistre",
                 L"Le client %%1 est enregistré.\r\nIl recevra %%2 lettres & %%3 offres avant le %%4.");

@@ -1,4 +1,4 @@
-# Languages: one form shown in three of them, with pictures.
+# Languages: shows one form in three languages, with pictures.
 example_targets+=(languages)
 same_in_both+=(languages.txt)
 

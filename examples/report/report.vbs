@@ -45,7 +45,7 @@ Sub ShowComputer()
     version = sys.WindowsVersion(name)
     WScript.Echo "Ordinateur"
     Show "nom", sys.GetComputerName
-    ' Versions younger than the list have no code, and no name behind "Windows ".
+    ' Versions newer than the list have no code, and no name after "Windows ".
     If version = 0 Then name = name & "plus récent que Vista"
     Show "système", name
     Show "95 ou NT 4", YesOrNo(sys.OsVersion95NT)

@@ -1,5 +1,5 @@
-# Report: what the library tells of the computer. The two halves run in prefixes of their own, so their reports
-# differ.
+# Report: what the library reports about the computer. The two word sizes run in Wine prefixes of their own,
+# so their reports differ.
 
 run_report() {
     local size=$1 folder=$2

@@ -84,9 +84,9 @@ Sub FirstRun(registre)
     saved = registre.RegEcritValeur(key & "\Récents", "1", "devis.txt", REG_STRING) And saved
     saved = registre.RegEcritValeur(key & "\Récents", "2", "facture.txt", REG_STRING) And saved
     Show "réglages écrits", saved, True
-    ' A choice that is no number is refused, and what was there stays.
+    ' A choice that is not a number is refused, and the old one stays.
     Show "largeur refusée", Not registre.RegEcritValeur(key & "\Fenêtre", "Largeur", "étroite", REG_DWORD), True
-    ' Without leave to make keys, nothing is written where there is none.
+    ' If keys may not be created, nothing is written to a missing one.
     Show "clé refusée", Not registre.RegEcritValeur(key & "\Autre", "x", "y", REG_STRING, False), True
 End Sub
 
@@ -103,7 +103,7 @@ Sub SecondRun(first)
     Show "Fenêtre\Largeur", CLng(Choice(registre, key & "\Fenêtre", "Largeur", 640)), CLng(800)
     Show "sections", KeysIn(registre, key).text, "Fenêtre, Récents"
     Show "documents récents", ValuesIn(registre, key & "\Récents").names.Count, CLng(2)
-    ' One document is no longer there.
+    ' One document has been removed.
     Show "document oublié", registre.RegEffaceValeur(key & "\Récents", "1"), True
     Show "documents récents", ValuesIn(registre, key & "\Récents").text, "2"
     Show "document 1", registre.RegExisteValeur(key & "\Récents", "1"), False

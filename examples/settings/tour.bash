@@ -1,4 +1,4 @@
-# Settings: the choices of a program's user, kept between two runs.
+# Settings: keeps a user's choices between two runs.
 same_in_both+=(settings.txt settings.ini)
 
 run_settings() {

@@ -22,7 +22,7 @@ namespace {
 
 constexpr bool oem = false;
 
-// The language files of a folder, one after the other, in the order in which the system lists them.
+// The language files of a folder, in the order in which the system lists them.
 class LanguageFiles {
 public:
     explicit LanguageFiles(TextView folder)
@@ -30,7 +30,7 @@ public:
               FindFirstFileA(toAnsi(Text(folder) + L"*" + Text(language::fileExtension)).c_str(), &found_)),
           isFound_(search_) {}
 
-    /// The name of the next one; empty when there is none left.
+    /// The name of the next file; empty when there are no more.
     Text next() {
         for (; isFound_; isFound_ = FindNextFileA(search_.get(), &found_)) {
             constexpr DWORD notPlain =
@@ -62,7 +62,7 @@ Variant arrayOf(const std::vector<Text>& texts) {
     return result;
 }
 
-// A looked-up text as the host gets it.
+// Turns a looked-up text into the one that the host gets.
 Text finished(Text text, bool suppressEt, const std::array<VariantView, 4>& values) {
     step([&] {
         if (text.empty()) text = language::missingMessage;

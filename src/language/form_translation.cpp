@@ -16,7 +16,7 @@ namespace {
 
 Text nameOf(BoundObject& object) { return object.getAs<Text>(L"Name"); }
 
-// Hosts number the members of control arrays; a single control's index is empty or cannot be read.
+// Only members of control arrays have an index. A single control's is empty or cannot be read.
 Text indexOf(BoundObject& control) {
     Text index;
     step([&] { index = control.getAs<Text>(L"Index"); });
@@ -25,7 +25,7 @@ Text indexOf(BoundObject& control) {
 
 Text tagOf(BoundObject& object) { return object.getAs<Text>(L"Tag"); }
 
-// Controls that come from elsewhere give their colours without a sign.
+// Controls that are not the host's own may give their colours as unsigned numbers.
 std::int32_t colourOf(BoundObject& object) {
     const auto colour = object.get(L"BackColor");
     if (colour.view().type() == VT_UI4) return static_cast<std::int32_t>(colour.view().raw().ulVal);
@@ -37,8 +37,8 @@ bool hasTitleBar(BoundObject& form) {
     return (GetWindowLongA(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
 }
 
-// Visits the controls of a form. One that the host fails to hand over is passed by; a host that fails again
-// and again has no more.
+// Visits the controls of a form. A control that the host fails to return is skipped. After a hundred failures
+// in a row the walk ends.
 template <class Visit>
 void forEachControl(BoundObject& form, Visit&& visit) {
     constexpr int patience = 100;
@@ -65,7 +65,7 @@ bool isResizable(TextView type) {
     return isOptionButton(type) || isCheckBox(type) || type == L"SSOption" || type == L"SSCheck";
 }
 
-// Users write and choose in these: they keep the colour of windows.
+// Users type and choose in these, so they keep the window colour.
 bool hasWindowColour(TextView type) {
     return isTextBox(type) || isComboBox(type) || isListBox(type) || type == L"MaskEdBox";
 }
@@ -125,7 +125,7 @@ void loadControl(BoundObject& control, BoundObject& label, TextView section, con
     });
 }
 
-// Writes one text of a form, when there is one.
+// Writes one text of a form if it is not empty.
 void saveText(BoundObject& form, TextView file, BoundObject& object, TextView index, Literal property) {
     const auto text = object.getAs<Text>(property);
     if (text.empty()) return;

@@ -1,4 +1,4 @@
-// Texts and colours of the host's forms: put on them, and taken from them into a language file.
+// Puts texts and colours on the host's forms, and saves a form's texts into a language file.
 #pragma once
 
 #include "frame/host/host_reference.h"
@@ -7,7 +7,7 @@
 
 namespace vorla::language {
 
-/// What loadForm() is to do.
+/// What loadForm() does.
 struct FormLoading {
     bool texts = true;
     bool colours = true;
@@ -15,18 +15,18 @@ struct FormLoading {
     Theme theme;
 };
 
-/// Puts texts of the language in use and the theme's colours on a form and its controls, in the order in
-/// which the form lists them, and widens option buttons and check boxes to their texts, which `label`
-/// measures. Continue on error: a step that the host refuses is skipped, and only that step.
+/// Puts the texts of the language in use and the theme's colours on a form and its controls, in the form's
+/// order. Sizes option buttons and check boxes to their texts, which `label` measures. Continue on error: a
+/// step that fails is skipped, the others still run.
 void loadForm(const HostObject& form, const HostObject& label, const FormLoading& wanted);
 
-/// Writes the texts of a form and its controls into a language file. What has no text leaves its key as it
-/// is. Continue on error, as loadForm().
+/// Writes the texts of a form and its controls into a language file. An empty text leaves its key as it is.
+/// Continue on error, as loadForm().
 void saveForm(const HostObject& form, TextView file);
 
-/// Gives an option button or a check box a caption and the width that it takes; nothing happens to any other
-/// object. `label` sizes itself to its text. Unguarded: a failure of the host reaches the caller, with the
-/// control as far as it got.
+/// Gives an option button or a check box a caption and the width that it needs. Other objects are left
+/// unchanged. `label` must size itself to its text. Unguarded: a failure of the host reaches the caller, and
+/// changes made until then stay.
 void fitToText(const HostObject& control, const HostObject& label, TextView text);
 
 }  // namespace vorla::language

@@ -5,8 +5,8 @@ namespace {
 
 constexpr wchar_t escape = 0xFF;
 
-// What stands in the file for a text that cannot. Of two that begin alike the longer one comes first. "=" is
-// only read: what is written is looked through for line breaks alone.
+// Texts that a value cannot contain, and the groups written in their place. Where two begin alike, the longer
+// comes first. "=" is only read: escaping converts line breaks and nothing else.
 struct Group {
     TextView written;
     TextView text;
@@ -20,7 +20,7 @@ constexpr Group groups[] = {
 Text controlKey(TextView control, TextView index, TextView property) {
     Text key(control);
     if (index.empty() && property.empty()) return key;
-    // Blanks alone are an index too, though nothing is left of it.
+    // Blanks alone count as an index, although nothing of it is written.
     if (!index.empty()) key.append(keySeparator).append(trimmed(index));
     return key.append(keySeparator).append(property);
 }
@@ -70,7 +70,7 @@ Text unescaped(TextView text) {
             break;
         }
         if (text.size() == before && !text.empty()) {
-            // It begins no group: a letter like any other.
+            // Not the beginning of a group, so an ordinary character.
             result += escape;
             text.remove_prefix(1);
         }

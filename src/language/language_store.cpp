@@ -25,7 +25,7 @@ Text languageFile(TextView code) {
 
 Text LngReadValue(TextView Section, TextView Cle) {
     return endOnError(Text(), [&] {
-        // What Windows takes for empty: blanks do not count, nor what stands behind a NUL.
+        // Windows takes these keys for empty too: it ignores blanks, and everything after a NUL.
         if (!isLanguageSelected() || trimmed(TronqueNul(Cle)).empty()) return Text();
         constexpr bool oem = false;
         auto value = IniLecture(languageStore().file, Section, Cle, {}, oem);

@@ -15,15 +15,15 @@ struct Theme {
     bool applies = false;
     std::int32_t back = 0;
     std::int32_t tabBack = 0;
-    std::int32_t marked = 0;  // what has this colour is to be themed
+    std::int32_t marked = 0;  // forms and controls of this colour get the theme
 };
 
-/// The new colour of a form; none when it keeps its own. A form with "**C**" in its tag gets the button
-/// colour instead of the theme's: hosts rely on it, though a control so tagged is left alone.
+/// The new colour of a form; empty if it keeps its own. A form with "**C**" in its tag gets the button colour
+/// instead of the theme's, although a control with this tag is left alone. Old hosts rely on this.
 std::optional<std::int32_t> formColour(const Theme& theme, std::int32_t present, TextView tag);
 
-/// The new colour of a control; none when it keeps its own. `hasWindowColour` for the kinds that users write
-/// and choose in, which keep it whatever their tag.
+/// The new colour of a control; empty if it keeps its own. `hasWindowColour` is true for kinds in which users
+/// type or choose: they keep their colour whatever their tag.
 std::optional<std::int32_t> controlColour(const Theme& theme, std::int32_t present, TextView tag,
                                           bool hasWindowColour);
 

@@ -21,7 +21,7 @@
 namespace vorla {
 namespace {
 
-// The name of an existing file or folder as its folder stores it; empty when there is none.
+// The name of a file or folder as its folder stores it; empty when it does not exist.
 Text storedName(TextView path) {
     WIN32_FIND_DATAA found;
     const FileSearch search(FindFirstFileA(toAnsi(path).c_str(), &found));
@@ -34,7 +34,7 @@ std::string contentOf(TextView path) {
     checkFile(static_cast<bool>(file));
     LARGE_INTEGER size;
     checkFile(GetFileSizeEx(file.get(), &size));
-    // As many characters as a text can have.
+    // The most characters that a text can have.
     if (size.QuadPart > 0x7FFFFFFF) throw RuntimeError(ErrorNumber::overflow);
     std::string content(static_cast<std::size_t>(size.QuadPart), '\0');
     std::size_t length = 0;
@@ -45,7 +45,7 @@ std::string contentOf(TextView path) {
         if (count == 0) break;
         length += count;
     }
-    // Somebody may have cut the file meanwhile.
+    // Another program may have shortened the file meanwhile.
     content.resize(length);
     return content;
 }
@@ -69,7 +69,7 @@ private:
     }
 };
 
-// The folder in full, with a backslash at its end.
+// The folder with its drive and a backslash at its end.
 Text wholeFolder(TextView folder) {
     const Text path = AjouteAntiSlash(folder).text();
     if (!DecoupeChemin(path, eFileN::efDisque).text().empty()) return path;
@@ -86,7 +86,7 @@ Text creationFailed(TextView folder) {
            L"vous pourrez indiquez quel est le répertoire de stockage.";
 }
 
-// Tells the user, in the host's box or the system's; whether he did not cancel.
+// Shows the message in the host's box or the system's. False if the user cancels.
 bool goesOn(const HostObject& host, TextView message, std::int32_t owner) {
     constexpr std::int32_t style = MB_OKCANCEL | MB_ICONSTOP;
     if (!host) return messageBox(message, style, owner) != IDCANCEL;
@@ -95,11 +95,11 @@ bool goesOn(const HostObject& host, TextView message, std::int32_t owner) {
     return converted(button.view(), VT_I4).raw().lVal != IDCANCEL;
 }
 
-// The default property of an object, any other value itself.
+// An object's default property; any other value unchanged.
 Variant plainValue(VariantView value) { return value.isObject() ? defaultProperty(value) : Variant(value); }
 
 Date dateIn(const Variant& value) {
-    // Numbers are no dates, though dates are numbers.
+    // Numbers are refused although dates are numbers: they are more often a mistake.
     const auto type = value.raw().vt;
     if (type != VT_DATE && type != VT_BSTR) throw RuntimeError(ErrorNumber::typeMismatch);
     return {converted(value.view(), VT_DATE).raw().date};

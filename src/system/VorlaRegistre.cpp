@@ -14,12 +14,12 @@
 namespace vorla {
 namespace {
 
-// The number as the handle of a predefined key, whose sign 64-bit systems extend.
+// The number as a handle. On 64-bit systems the handles of predefined keys are sign-extended.
 HKEY handleOf(CleBDR root) {
     return reinterpret_cast<HKEY>(static_cast<LONG_PTR>(static_cast<std::int32_t>(root)));
 }
 
-// None when the key cannot be opened so.
+// Owns nothing if the key cannot be opened with this access.
 RegistryKey opened(CleBDR root, TextView path, REGSAM access) {
     HKEY key = nullptr;
     const auto status = RegOpenKeyExA(handleOf(root), toAnsi(path).c_str(), 0, access, &key);
@@ -42,12 +42,12 @@ LSTATUS writeValue(HKEY key, TextView name, DataType type, VariantView value) {
             const Variant number = converted(value, VT_I4);
             return writeData(key, name, REG_DWORD, &number.raw().lVal, sizeof number.raw().lVal);
         }
-        // Binary data too is accepted and not stored: hosts rely on it.
+        // Binary data is accepted and not stored: old hosts rely on this.
         default: return ERROR_SUCCESS;
     }
 }
 
-// Reads as much as `size` says, nothing into no buffer, and leaves there how much there is.
+// Reads up to `size` bytes, or none without a buffer, and sets `size` to the length of the data.
 bool readData(HKEY key, TextView name, DWORD& type, void* buffer, DWORD& size) {
     return RegQueryValueExA(key, toAnsi(name).c_str(), nullptr, &type, static_cast<BYTE*>(buffer), &size) ==
            ERROR_SUCCESS;
@@ -58,7 +58,7 @@ Variant readText(HKEY key, TextView name, DWORD size,
     std::string data(size, '\0');
     DWORD type = REG_NONE;
     if (!readData(key, name, type, data.data(), size)) return {};
-    // Less than was announced, if somebody has written meanwhile.
+    // Another program may have written less meanwhile.
     data.resize(std::min<std::size_t>(size, data.size()));
     const auto text = rule(data);
     return text ? Variant(bstrFromAnsi(*text)) : Variant();
@@ -81,15 +81,16 @@ Variant readValue(HKEY key, TextView name) {
     }
 }
 
-// Adds the names that a function of the registry gives by number, from 0 until it has no more. Those of keys
-// and of values differ in what else they could tell.
+// Adds the names that a registry function lists by number, from 0 until there are no more. The functions for
+// keys and for values differ only in their other outputs.
 template <class Enumerate>
 void addNames(HKEY key, Enumerate* enumerate, const HostObject& collection) {
     constexpr std::size_t longestName = 16383;
     BoundObject names(collection);
     std::string buffer;
     for (DWORD index = 0;; ++index) {
-        // A name that does not fit leaves blanks, which are no name; those behind it are still listed.
+        // A name that does not fit leaves blanks, which are skipped as a name. The names after it are still
+        // listed.
         buffer.assign(longestName + 1, ' ');
         auto length = static_cast<DWORD>(buffer.size());
         const auto status = enumerate(key, index, buffer.data(), &length, nullptr, nullptr, nullptr, nullptr);

@@ -42,8 +42,8 @@ struct DesktopKind {
 };
 using Desktop = UniqueHandle<DesktopKind>;
 
-// What Windows leaves in a buffer of this many characters; empty when the call fails. `fill` gets the buffer
-// and says whether it worked.
+// The text that Windows writes into a buffer of this size; empty when the call fails. `fill` gets the buffer
+// and returns whether the call worked.
 template <std::size_t room, class Fill>
 Text filled(Fill&& fill) {
     std::array<char, room> buffer{};
@@ -51,22 +51,22 @@ Text filled(Fill&& fill) {
     return fromAnsiBuffer({buffer.data(), buffer.size()});
 }
 
-// Handles are 32-bit numbers to hosts, in both word sizes.
+// To hosts, handles are 32-bit numbers in both word sizes.
 HWND windowOf(std::int32_t handle) { return reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle)); }
 
 std::string rootOf(TextView path) { return toAnsi(DecoupeChemin(path, eFileN::efRacine).text()); }
 
-// Whether a call that answers with the length of what it wrote, or with the room that it needs, has answered.
+// For calls that return the length written or, if the buffer is too small, the size that they need.
 constexpr bool hasWritten(DWORD length, DWORD room) { return length > 0 && length < room; }
 
-// Empty when it cannot be told; the shell then takes it by itself.
+// Empty on failure; the shell then uses its own current folder.
 Text currentFolder() {
     const auto folder = filled<MAX_PATH>(
         [](char* buffer) { return hasWritten(GetCurrentDirectoryA(MAX_PATH, buffer), MAX_PATH); });
     return folder.empty() ? folder : AjouteAntiSlash(folder).text();
 }
 
-// A bare name is its own folder part, but the file lies in the current folder.
+// The folder of a bare name is the current one. As a path, it would be the name itself.
 Text folderOf(TextView path) {
     if (path.find(L'\\') == TextView::npos) return currentFolder();
     return DecoupeChemin(path, eFileN::efRépertoire).text();
@@ -80,8 +80,8 @@ void reportShellError(std::int32_t code, bool message) {
         storeError(IID_NULL, L"Vorla6.VorlaSystem", text, static_cast<DWORD>(code));
 }
 
-// Asks the shell about a file by its name and folder, and reports a failure. A path longer than Windows knows
-// is not asked about: some shells do not survive it.
+// Asks the shell about a file by its name and folder, and reports a failure. Some shells crash on a path that
+// is longer than Windows allows, so such a path is not passed on.
 template <class Ask>
 std::int32_t askShell(TextView path, bool message, Ask&& ask) {
     const auto name = toAnsi(DecoupeChemin(path, eFileN::eFNomFichier).text()),
@@ -95,7 +95,8 @@ std::int32_t askShell(TextView path, bool message, Ask&& ask) {
     return answer;
 }
 
-// An empty file that lives as long as this does. Nothing is made, nor deleted, where a file is already.
+// An empty file that exists as long as this object. If the file exists already, nothing is created or
+// deleted.
 class ShortLivedFile {
 public:
     explicit ShortLivedFile(Text path) : path_(std::move(path)) {
@@ -113,8 +114,8 @@ private:
     bool made_;
 };
 
-// Where a file of this name could be made: in its folder, or else under another name in the one for temporary
-// files.
+// A place where a file of this name can be created: its folder or, under another name, the folder for
+// temporary files.
 Text placeFor(TextView fileName) {
     if (ExisteDossier(fileName)) return Text(fileName);
     auto extension = DecoupeChemin(fileName, eFileN::eFExtension).text();
@@ -123,7 +124,7 @@ Text placeFor(TextView fileName) {
 }
 
 Text associatedProgram(TextView path, bool message) {
-    // Windows is not told how much room there is, and uses this much.
+    // Windows is not told the size of the buffer and may fill this much.
     return filled<MAX_PATH>([&](char* buffer) {
         return !isShellError(askShell(path, message, [buffer](LPCSTR name, LPCSTR folder) {
             return FindExecutableA(name, folder, buffer);
@@ -135,14 +136,14 @@ struct Started {
     Process process;
     DWORD id;
 
-    // A process may end with the code that stands for one that still runs.
+    // A process may also end with the exit code that means "still running".
     bool hasEndedWith(DWORD exitCode) const {
         return exitCode != STILL_ACTIVE || WaitForSingleObject(process.get(), 0) == WAIT_OBJECT_0;
     }
 };
 
-// Starts a program as hosts do, with the window styles that they have. Error 5 for another style, 53 for a
-// program that does not start.
+// Starts a program in one of the hosts' window styles. Error 5 for another style, 53 for a program that does
+// not start.
 Started start(TextView command, std::int32_t windowStyle) {
     constexpr std::int32_t lastStyle = 9;
     if (windowStyle < 0 || windowStyle > lastStyle) throw RuntimeError(ErrorNumber::invalidProcedureCall);
@@ -182,7 +183,7 @@ bool isNumber(VariantView value) {
     }
 }
 
-// The handle that a host means by a number or a form; 0 for anything else.
+// The window handle in a number or a form; 0 for anything else.
 std::int32_t handleOf(VariantView window) {
     if (isNumber(window)) return converted(window, VT_I4).raw().lVal;
     if (!window.isObject() || !window.raw().punkVal) return 0;
@@ -202,7 +203,7 @@ bool hasScreenSaverDesktop() {
     return desktop || GetLastError() == ERROR_ACCESS_DENIED;
 }
 
-// The network folder that is connected to a drive ("X:"); empty when there is none.
+// The network folder that a drive ("X:") is connected to; empty when there is none.
 Text connectionOf(const std::string& drive) {
     constexpr DWORD room = 255;
     if (!PathIsNetworkPathA(drive.c_str())) return {};
@@ -271,7 +272,7 @@ bool VorlaSystem::SysShellWait(const Text& sShell, std::int32_t eWindowStyle) {
             if (!GetExitCodeProcess(process.get(), &exitCode)) return false;
             if (started.hasEndedWith(exitCode)) return true;
             DoEvents();
-            // A sleep that the end of the process cuts short.
+            // Sleeps until the pause or the process ends.
             WaitForSingleObject(started.process.get(), pause);
         }
     });
@@ -370,7 +371,7 @@ Text VorlaSystem::UNCPathFromPath(const Text& pLocalName) {
     root.resize(std::strlen(root.c_str()));
     if (root.ends_with('\\')) root.pop_back();
     const char* rest = PathSkipRootA(path.c_str());
-    // A name in the drive's current folder has no root to put another in the place of.
+    // A path in the drive's current folder has no root that could be replaced.
     if (!rest && root.size() != path.size()) return pLocalName;
     const auto connection = connectionOf(root);
     if (connection.empty()) return pLocalName;

@@ -25,7 +25,8 @@ void requestOfNT(char drive, bool open) {
                     nullptr);
 }
 
-// The processor's registers for a request to DOS, as the older family's device takes and returns them.
+// The processor's registers for a request to DOS, as the device driver of Windows 95 and its successors takes
+// and returns them.
 struct Registers {
     std::uint32_t ebx = 0, edx = 0, ecx = 0, eax = 0, edi = 0, esi = 0, flags = 0;
 };
@@ -48,7 +49,7 @@ void ejectThroughDos(char drive) {
 }  // namespace
 
 void moveTray(wchar_t letter, bool open) {
-    // Not by the user's locale: drives have the same letters everywhere.
+    // Without the user's locale: drives have the same letters everywhere.
     const bool isLower = letter >= L'a' && letter <= L'z';
     if (!isLower && (letter < L'A' || letter > L'Z')) return;
     const auto drive = static_cast<char>(isLower ? letter - L'a' + L'A' : letter);

@@ -34,7 +34,7 @@ Times timesOf(const std::string& path) {
         checkFile(GetFileTime(file.get(), &creation, &access, &modification));
         return times;
     }
-    // Folders, files that somebody has locked, and paths of 128 characters or more.
+    // The call above cannot open folders, locked files, or paths of 128 characters or more.
     WIN32_FILE_ATTRIBUTE_DATA data;
     checkFile(GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data));
     return {data.ftCreationTime, data.ftLastWriteTime, data.ftLastAccessTime};
@@ -60,7 +60,7 @@ void setFileDate(TextView path, eFileDateType which, Date date) {
     FILETIME local, universal;
     checkDate(VariantTimeToSystemTime(date.days, &fields) && SystemTimeToFileTime(&fields, &local) &&
               LocalFileTimeToFileTime(&local, &universal));
-    // With backup semantics folders can be opened too.
+    // Backup semantics let folders be opened too.
     const File file(CreateFileA(toAnsi(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
                                 nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
     checkFile(static_cast<bool>(file));

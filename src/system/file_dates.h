@@ -1,4 +1,4 @@
-// The three dates that a file or folder keeps, in local time.
+// The three dates of a file or folder, in local time.
 #pragma once
 
 #include "frame/contract/enumerations.h"
@@ -7,11 +7,11 @@
 
 namespace vorla {
 
-/// One of a file's or folder's dates, to the second. Error 53 when it cannot be read, 5 for a kind of date
-/// that does not exist or a date that no calendar has.
+/// One date of a file or folder, to the second. Error 53 when it cannot be read, 5 for an unknown kind of
+/// date or a date that no calendar has.
 Date fileDate(TextView path, eFileDateType which);
 
-/// Gives a file or folder a new date and leaves the other two. Errors as above.
+/// Sets one date of a file or folder and leaves the other two. Errors as above.
 void setFileDate(TextView path, eFileDateType which, Date date);
 
 }  // namespace vorla

@@ -1,4 +1,4 @@
-// Which kind of content a file's extension announces.
+// The kind of content that a file's extension stands for.
 #pragma once
 
 #include "frame/contract/enumerations.h"
@@ -6,8 +6,8 @@
 
 namespace vorla {
 
-/// The kind of a lower-case extension without its point; `eftOther` for one that no list holds and for
-/// none. `eftCD` is never the answer.
+/// The kind of a lower-case extension without its point; `eftOther` for an unknown or empty one. Never
+/// `eftCD`.
 eFiletype typeOfExtension(TextView extension);
 
 }  // namespace vorla

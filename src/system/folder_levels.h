@@ -1,4 +1,4 @@
-// Creating a folder together with the levels that lead to it.
+// Creates a folder and the levels above it.
 #pragma once
 
 #include <functional>
@@ -7,12 +7,12 @@
 
 namespace vorla {
 
-/// Creates one folder, given without a backslash behind it; whether that worked.
+/// Creates one folder, given without a backslash at its end, and returns whether that worked.
 using FolderMaker = std::function<bool(TextView path)>;
 
-/// Creates what is missing of `folder`, from the deepest level that exists on. `folder` ends in a backslash,
-/// and its first `drive` characters are its drive, which nobody can create. Ends with the first level that
-/// cannot be created. A backslash that follows another ends no level.
+/// Creates the missing levels of `folder`, starting after the deepest that exists. `folder` ends in a
+/// backslash, and its first `drive` characters are its drive, which cannot be created. Ends at the first
+/// level that cannot be created. A backslash that follows another ends no level.
 void createMissingLevels(TextView folder, std::size_t drive, const FolderTest& isFolder,
                          const FolderMaker& create);
 

@@ -1,4 +1,4 @@
-// What a registry value's text and data are, apart from the registry itself.
+// The text and data of registry values, apart from the registry itself.
 #pragma once
 
 #include <optional>
@@ -8,19 +8,18 @@
 
 namespace vorla {
 
-/// A key's path as the registry takes it: without the one backslash that it begins with. A second one, those
-/// at the end and forward slashes stay.
+/// A key's path without one leading backslash. A second one, backslashes at the end and forward slashes stay.
 TextView normalisedKey(TextView path);
 
-/// What of a text is stored: what stands before its first NUL, without the blanks around it.
+/// The part of a text that is stored: up to its first NUL, without blanks around it.
 TextView storedText(TextView text);
 
-/// What of a string's data is read: all but the NUL that ends it. Data that its writer did not end so is
-/// whole. Nothing can be read of no data, as hosts know it.
+/// The part of a string's data that is read: all but the NUL at its end. Data without a NUL at its end is
+/// whole. Empty data has no text, as old hosts expect.
 std::optional<std::string_view> readString(std::string_view data);
 
-/// What of binary data is read: all but its last byte, whatever that is; hosts rely on it. Nothing can be
-/// read of no data.
+/// The part of binary data that is read: all but its last byte, whatever that is; old hosts rely on this.
+/// Empty data has no text.
 std::optional<std::string_view> readBinary(std::string_view data);
 
 }  // namespace vorla

@@ -1,4 +1,4 @@
-// What the shell's codes of failure say to the user.
+// The texts for the shell's failure codes.
 #pragma once
 
 #include <cstdint>
@@ -7,10 +7,10 @@
 
 namespace vorla {
 
-/// Whether the answer of the shell's execute and find-executable calls is a code of failure.
+/// Whether a result of the shell's execute and find-executable calls is a failure code.
 constexpr bool isShellError(std::int32_t answer) { return answer <= 32; }
 
-/// The text of a code of failure, in French whatever the user's language.
+/// The text of a failure code, in French whatever the user's language.
 TextView shellErrorText(std::int32_t code);
 
 }  // namespace vorla

@@ -1,4 +1,4 @@
-// Words and bytes of 32-bit integers, as hosts take them apart and put them together.
+// Words and bytes of 32-bit integers.
 #pragma once
 
 #include <cstdint>
@@ -7,16 +7,18 @@
 
 namespace vorla {
 
-/// Bits 0 to 15, and bits 16 to 31.
+/// Bits 0 to 15.
 constexpr std::int16_t lowWord(std::int32_t value) { return static_cast<std::int16_t>(value); }
+/// Bits 16 to 31.
 constexpr std::int16_t highWord(std::int32_t value) { return static_cast<std::int16_t>(value >> 16); }
 
-/// Bits 0 to 7, and bits 8 to 15.
+/// Bits 0 to 7.
 constexpr std::uint8_t lowByte(std::int32_t value) { return static_cast<std::uint8_t>(value); }
+/// Bits 8 to 15.
 constexpr std::uint8_t highByte(std::int32_t value) { return static_cast<std::uint8_t>(value >> 8); }
 
-/// The low words of both, `high` on the left. The low one is a signed number, so a negative one fills the
-/// left half with ones; hosts rely on it.
+/// The low words of both, `high` on the left. The low word is signed, so a negative one fills the left half
+/// with ones; old hosts rely on this.
 constexpr std::int32_t joinedWords(std::int32_t low, std::int32_t high) {
     return (std::int32_t{lowWord(high)} * 65536) | lowWord(low);
 }
@@ -26,7 +28,7 @@ constexpr std::int32_t joinedBytes(std::int32_t low, std::int32_t high) {
     return (lowByte(high) * 256) | lowByte(low);
 }
 
-/// The signed word with the bits of an unsigned one. Error 6 when the value is neither.
+/// The signed word with the bits of an unsigned one. Error 6 for a value that fits neither.
 constexpr std::int16_t signedWord(std::int32_t value) {
     const auto reduced = value >= 32768 ? value - 65536 : value;
     if (reduced < -32768 || reduced > 32767) throw RuntimeError(ErrorNumber::overflow);

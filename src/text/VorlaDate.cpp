@@ -26,7 +26,7 @@ Text displaySeparator() {
     return Text(separatorOf(TextView(today, static_cast<std::size_t>(written) - 1)));
 }
 
-// One conversion: what goes in, what the order is, what stands between the parts.
+// One conversion: the date, the new order, and whether the parts are separated.
 Text reordered(TextView date, bool withSeparator, Text (*order)(TextView, TextView)) {
     if (trimmed(date).empty()) return {};
     const auto parts = compact(date);
@@ -39,8 +39,8 @@ SYSTEMTIME calendarDay(Date date) {
     return day;
 }
 
-// Counted from Monday but named by the system's own first day: where the week starts on Sunday the name is
-// that of the day before. Old hosts rely on the pairing.
+// The day is counted from Monday but named from the system's first day of the week. Where the week starts on
+// Sunday the name is therefore that of the day before. Old hosts rely on this.
 Bstr weekdayName(const SYSTEMTIME& day) {
     constexpr int systemsFirstDay = 0;
     Bstr name;

@@ -8,7 +8,7 @@
 namespace vorla {
 namespace {
 
-// As formats write it, not as the locale names it: of a longer separator only the first character counts.
+// As formats write it. If the locale's separator has several characters, only the first counts.
 wchar_t decimalSeparator() {
     const auto formatted = formattedValue(Variant(std::int16_t{123}).view(), L"###.00");
     return formatted.view().size() < 4 ? L' ' : formatted.view()[3];
@@ -16,8 +16,8 @@ wchar_t decimalSeparator() {
 
 bool holds(TextView text, wchar_t character) { return text.find(character) != TextView::npos; }
 
-// The remainder of an account. A code that is no number is told to the user and answered with False: a 0,
-// since the members below treat both alike, as old hosts know it.
+// The remainder of an account. If a code is not a number, the user sees a message and the result is 0. A
+// remainder of 0 has the same effect in both members below, as old hosts expect.
 std::int32_t remainder(TextView bank, TextView branch, TextView account) {
     if (!isNumeric(bank)) {
         messageBox(L"Code banque non numérique");
@@ -40,9 +40,9 @@ Variant VorlaNumérique::NumFrmtSys(VariantView Montant, bool ZéroSignificatif)
     if (holds(text.view(), separator) || typed.empty()) return Variant(Montant);
 
     Variant amount(Bstr(withSystemSign(typed, separator)));
-    // An amount comes back in the type it came in; of any other type the text does.
+    // A number or date keeps its type; anything else becomes text.
     Variant result = isAmountType(Montant.type()) ? converted(amount.view(), Montant.type()) : amount;
-    // Whoever keeps zeros learns of what is no amount as well.
+    // Converted even when zeros are kept, so that a text that is not an amount always raises error 13.
     const bool isZero = converted(amount.view(), VT_CY).raw().cyVal.int64 == 0;
     if (isZero && !ZéroSignificatif) return TextView();
     return result;

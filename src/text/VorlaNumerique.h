@@ -12,22 +12,21 @@ namespace vorla {
 
 class VorlaNumérique {
 public:
-    /// `Montant`, typed with any decimal sign, with the system's instead, in the type it came in; see
-    /// withSystemSign(). Unchanged when it holds the system's sign already or is blank. A zero amount is
-    /// the empty string unless `ZéroSignificatif`. Errors: 13 for what is no amount, 94 for Null.
+    /// `Montant`, typed with any decimal sign, rewritten with the system's, in its own type; see
+    /// withSystemSign(). Unchanged when it already contains the system's sign or is blank. A zero amount
+    /// becomes an empty string unless `ZéroSignificatif`. Errors: 13 for what is not an amount, 94 for Null.
     Variant NumFrmtSys(VariantView Montant, bool ZéroSignificatif);
 
-    /// `Montant` with a point for the system's decimal separator, as text; unchanged when it holds none.
-    /// Errors: 13 for what has no text, 94 for Null.
+    /// `Montant` as text, with a point in place of the system's decimal separator; unchanged when it contains
+    /// none. Errors: 13 for a value that has no text, 94 for Null.
     Variant NumFrmtEnr(VariantView Montant);
 
-    /// Whether the key goes with the account. True also, after a message, for a bank or branch code that
-    /// is no number, and for any key where the account's remainder is 0: old hosts rely on both. Error 6
-    /// for a code beyond the 32-bit range.
+    /// Whether the key fits the account; see bankKeyFits(). Also True, after a message, for a bank or branch
+    /// code that is not a number. Error 6 for a code beyond the 32-bit range.
     bool RIBControle(TextView Code_banque, TextView Code_guichet, TextView Compte, TextView Clé_Rib);
 
-    /// The key of the account; 0 after a message for a bank or branch code that is no number, and where
-    /// the remainder is 0. Errors as for RIBControle.
+    /// The key of the account. 0 after a message for a bank or branch code that is not a number, and when the
+    /// remainder is 0. Errors as for RIBControle.
     std::int16_t RIBClé(TextView Code_banque, TextView Code_guichet, TextView Compte);
 };
 

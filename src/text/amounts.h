@@ -5,8 +5,8 @@
 
 namespace vorla {
 
-/// `amount` with its first character that is neither a digit nor "-" replaced by `separator`; later ones
-/// stay, whatever they are. The result views its argument.
+/// `amount` with its first character that is neither a digit nor "-" replaced by `separator`. Later ones
+/// stay. The result views its argument.
 Joined withSystemSign(TextView amount, wchar_t separator);
 
 /// `amount` with the first `separator` in it replaced by a point. The result views its argument.

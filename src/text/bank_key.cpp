@@ -13,14 +13,14 @@ wchar_t digitOf(wchar_t character) {
     const auto digit = [](std::uint32_t value) { return static_cast<wchar_t>(L'0' + value % 10); };
     if (code > 82) return digit(code - 81);
     if (code > 73) return digit(code - 73);
-    // From 64 on in tens, so that the signs before "A" stay above 0: a digit has no minus.
+    // Counted from 64. Ten is added so that the signs before "A" do not become negative.
     if (code > 57) return digit(code - 64 + 10);
     return character;
 }
 
 std::int32_t modulo97(double dividend) { return roundedToInt32(dividend) % 97; }
 
-// The remainder of a number that goes on behind `before` with another code.
+// The remainder of `before` times `shift` plus the number that `code` begins with.
 std::int32_t continued(std::int32_t before, std::int32_t shift, TextView code) {
     return modulo97(static_cast<double>(before * shift) + leadingNumber(code));
 }

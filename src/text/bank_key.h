@@ -8,23 +8,23 @@
 
 namespace vorla {
 
-/// The account number with every character above "9" as its digit: A and J stand for 1, B, K and S for 2,
-/// up to I, R and Z for 9. Digits and the signs below them stay. The other characters have digits too, by
-/// the same counting: lower-case letters continue behind "Z", so "a" stands for 6.
+/// The account number with every character above "9" replaced by its digit: A and J stand for 1, B, K and S
+/// for 2, up to I, R and Z for 9. Lower-case letters continue the same counting after "Z", so "a" stands for
+/// 6. All other characters stay.
 Text accountDigits(TextView account);
 
-/// The number of 21 digits modulo 97, in pieces that fit 32 bits. `formattedAccount` is the converted
-/// account written with at least 11 digits: its first 6 and its last 5 characters count.
+/// The number of 21 digits modulo 97, computed in pieces that fit 32 bits. `formattedAccount` is the
+/// converted account with at least 11 digits: its first 6 and its last 5 characters count.
 ///
-/// Each code is taken for the number it begins with (leadingNumber), and what is divided is rounded first,
-/// halves to even. Error 6 when a code brings it out of the 32-bit range.
+/// Each code counts as the number it begins with (leadingNumber), and what is divided is rounded first,
+/// halves to even. Error 6 when a value leaves the 32-bit range.
 std::int32_t bankRemainder(TextView bank, TextView branch, TextView formattedAccount);
 
-/// The key for a remainder; 0 for the remainder 0, where the bank's own key is 97. Old hosts rely on it.
+/// The key for a remainder; 0 for the remainder 0, where the bank itself uses the key 97.
 std::int16_t bankKey(std::int32_t remainder);
 
-/// Whether a key goes with a remainder. Any key goes with the remainder 0, which hosts cannot tell from
-/// False: old hosts rely on it. Error 6 for a key beyond the 32-bit range.
+/// Whether a key fits a remainder. Any key fits the remainder 0, which also stands for a code that is not a
+/// number. Old hosts rely on this. Error 6 for a key beyond the 32-bit range.
 bool bankKeyFits(std::int32_t remainder, TextView key);
 
 }  // namespace vorla

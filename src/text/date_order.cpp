@@ -13,7 +13,7 @@ Text separated(TextView first, TextView second, TextView third, TextView separat
     return result.append(first).append(separator).append(second).append(separator).append(third);
 }
 
-// Where the characters behind the day and month begin, or where they begin from the end.
+// The number of characters besides day and month.
 std::size_t lengthOfYear(TextView date) {
     if (date.size() < 4) throw RuntimeError(ErrorNumber::invalidProcedureCall);
     return date.size() - 4;

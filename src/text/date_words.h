@@ -7,8 +7,8 @@
 
 namespace vorla {
 
-/// The day of the week counted from Monday, 1 to 7. By the calendar alone: not every system gives the
-/// weekday of the date to which it has rounded the last instant of a day.
+/// The day of the week counted from Monday, 1 to 7. It is computed from the calendar, because systems differ
+/// about the weekday of a date that they have rounded up from the last instant of a day.
 constexpr int weekdayFromMonday(int year, int month, int day) {
     using namespace std::chrono;
     const year_month_day date(std::chrono::year(year), std::chrono::month(static_cast<unsigned>(month)),

@@ -26,7 +26,7 @@ bool isDigitOfCode(wchar_t character) {
     return (character >= L'0' && character <= L'9') || (character >= L'A' && character <= L'Z');
 }
 
-// Of every digit but Z, which has no successor of its own.
+// Not for Z, which has no successor.
 wchar_t successor(wchar_t digit) { return digit == L'9' ? L'A' : static_cast<wchar_t>(digit + 1); }
 
 }  // namespace
@@ -40,7 +40,7 @@ Joined nextCode(TextView code, std::int16_t width) {
     checkedPosition(code.size());
 
     const auto last = code.find_last_not_of(L'Z');
-    // All Z: every character became 0 before the carry came back to the last one.
+    // All Z: every character has become 0, and the carry is back at the last one.
     if (last == TextView::npos) return {Piece(L'0', code.size() - 1), TextView(L"1")};
     const auto carried = code.size() - 1 - last;
     if (!isDigitOfCode(code[last])) return {code.substr(0, last + 1), Piece(L'0', carried)};

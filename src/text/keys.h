@@ -7,19 +7,19 @@
 
 namespace vorla {
 
-/// A whole number, already written as an optional "-" and digits, with zeros up to `width` digits.
-/// Longer numbers are never cut. Error 5 for a negative width.
+/// A whole number, written as an optional "-" and digits, filled with zeros to `width` digits. Longer numbers
+/// are not cut. Error 5 for a negative width.
 Joined zeroFilled(TextView number, std::int16_t width);
 
-/// An upper-cased key without surrounding blanks, filled or cut to exactly `width` characters; `width`
-/// zeros when nothing is left of it. Error 5 for a negative width.
+/// An upper-cased key without surrounding blanks, filled or cut to exactly `width` characters. A blank key
+/// becomes `width` zeros. Error 5 for a negative width.
 Joined storedKey(TextView upperCased, std::int16_t width);
 
-/// The code after `code`, in base 36 with the digits 0 to 9 and A to Z, as long as `code` itself. An
+/// The code that follows `code` in base 36 with the digits 0 to 9 and A to Z, as long as `code` itself. An
 /// empty code stands for `width` zeros. The result views its arguments.
 ///
-/// A carry out of the first character starts again at the last, so "Z" gives "1" and "ZZ" gives "01";
-/// a character that is no digit absorbs the carry, so "aZ" gives "a0". Hosts rely on both.
+/// A carry out of the first character goes to the last, so "Z" gives "1" and "ZZ" gives "01". Any other
+/// character absorbs the carry, so "aZ" gives "a0". Old hosts rely on both.
 ///
 /// Errors: 5 for a negative width, 6 for a code longer than 32,767.
 Joined nextCode(TextView code, std::int16_t width);

@@ -7,11 +7,11 @@
 
 namespace vorla {
 
-/// The text without surrounding spaces, at the left of a column of `width` characters; what does not
-/// fit is cut on the right. Error 5 for a negative width.
+/// The text without surrounding spaces, left-aligned in a column of `width` characters. What does not fit is
+/// cut on the right. Error 5 for a negative width.
 Joined leftAligned(TextView text, std::int16_t width);
 
-/// The same at the right of the column; what does not fit is cut on the left.
+/// The same, right-aligned. What does not fit is cut on the left.
 Joined rightAligned(TextView text, std::int16_t width);
 
 }  // namespace vorla

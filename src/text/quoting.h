@@ -6,8 +6,8 @@
 
 namespace vorla {
 
-/// `text` between two delimiters of the given kind; `custom` is the delimiter of `epsCustom`.
-/// A kind that is none of the five leaves the text unchanged. The result views its arguments.
+/// `text` between two delimiters of the given kind; `custom` is the delimiter of `epsCustom`. An unknown kind
+/// leaves the text unchanged. The result views its arguments.
 Joined quoted(TextView text, eParseSeparator kind, TextView custom);
 
 }  // namespace vorla

@@ -8,8 +8,8 @@
 namespace vorla {
 namespace {
 
-// Each removal may bring the halves of a new occurrence together, so the state of the match is kept
-// for every character of the result and taken up again where a removal ends.
+// A removal may join the two halves of a new occurrence. So the state of the match is kept for every
+// character of the result and restored where a removal ends.
 Text removed(TextView text, const Matcher& matcher, std::size_t first, std::size_t limit) {
     Text result(text.substr(0, first));
     std::vector<std::uint32_t> matched(1, 0);

@@ -7,15 +7,15 @@
 
 namespace vorla {
 
-/// `text` with at most `limit` occurrences of `sought` replaced, from position `start` on. A limit below
-/// 1 means the text's length, a start below 1 means 1; nothing is replaced for an empty `sought`.
+/// `text` with at most `limit` occurrences of `sought` replaced, from position `start` on. A limit below 1
+/// means the text's length, a start below 1 means 1. Nothing is replaced for an empty `sought`.
 ///
-/// After each replacement the character that follows it is skipped, so "a" by "b" in "aaaa" gives
-/// "baba"; hosts rely on it. A replacement by nothing skips nothing: what closes up over the gap is
-/// searched again, so "ab" by "" in "aabb" leaves "".
+/// The character after each replacement is skipped, so replacing "a" by "b" in "aaaa" gives "baba". Old hosts
+/// rely on this. Replacing by an empty text skips nothing and searches across the gap, so removing "ab" from
+/// "aabb" leaves "".
 ///
-/// Error 6 when the text's length is needed as the limit, an occurrence begins, or the search would
-/// resume past 32,767.
+/// Error 6 past position 32,767: when the text's length is needed as the limit, when an occurrence begins
+/// there, or when the search would resume there.
 Text replaced(TextView text, TextView sought, TextView replacement, std::int16_t start, std::int16_t limit);
 
 }  // namespace vorla

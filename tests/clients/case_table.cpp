@@ -68,7 +68,7 @@ public:
         return result;
     }
 
-    /// Whether the marks that end the line admit this language.
+    /// Whether the marks at the end of the line admit this language.
     bool isFor(const std::string& language) {
         const auto end = rest_.substr(std::min(rest_.rfind('"') + 1, rest_.size()));
         const auto mark = end.find('[');

@@ -1,5 +1,5 @@
 // The cases of the files in cases/ as C++ values, and answers in the form that every client writes.
-// cases/README.md says what a line means.
+// cases/README.md explains the lines.
 #pragma once
 
 #include <string>
@@ -9,13 +9,13 @@
 
 namespace vorla::test {
 
-/// An argument as the case gives it; one that is left out says that it is missing.
+/// An argument of a case. One that is left out is a missing variant.
 struct CaseArgument {
     Variant value;
     bool byReference = false;
 };
 
-/// What the host does with the member.
+/// How the host uses the member.
 enum class Use { call, get, put };
 
 struct Case {
@@ -26,14 +26,14 @@ struct Case {
     std::vector<CaseArgument> arguments;  // the one that is put, for a property
 };
 
-/// Appends a file's cases for the settings of one language, "fr" or "en"; what they expect is left to the
-/// runner. Throws std::runtime_error for a file that cannot be read and a line that makes no sense.
+/// Appends a file's cases for the settings of one language, "fr" or "en". The runner reads what they expect.
+/// Throws std::runtime_error for a file that cannot be read and for a line that cannot be understood.
 void readCases(const std::string& path, const std::string& language, std::vector<Case>& cases);
 
-/// What a result looks like among the answers: as the cases write it, with its type.
+/// A result in the form of the answers: as the cases write it, with its type.
 std::string describeResult(const VARIANT& result);
 
-/// What a by-reference variable looks like there: its value, whatever its type has become.
+/// A by-reference variable in the form of the answers: its value, in whatever type it has.
 std::string describeVariable(const VARIANT& variable);
 
 }  // namespace vorla::test

@@ -12,7 +12,7 @@ function fail(what) {
 
 # --- reading ---
 
-# What is left of the line is in `rest`; each taker removes its match from it.
+# `rest` is the unread part of the line; each reading function removes its match from it.
 function skip_blanks() { sub(/^[ ]+/, "", rest) }
 
 function take(pattern,    found) {
@@ -27,7 +27,7 @@ function need(pattern) {
     if (!take(pattern)) fail("expected " pattern " before: " rest)
 }
 
-# A text is pieces: piece[i] is what stands between the quotes, repeated times[i].
+# A text consists of pieces: piece[i] is the text between the quotes, repeated times[i].
 function take_text() {
     pieces = 0
     do {
@@ -37,7 +37,7 @@ function take_text() {
     } while (take("\\+"))
 }
 
-# Reads one value; sets kind and, but for texts, value.
+# Reads one value; sets kind and, unless it is a text, value.
 function take_value() {
     skip_blanks()
     value = ""
@@ -196,7 +196,7 @@ function js_value() {
 
 function literal() { return target == "vbs" ? vbs_value() : js_value() }
 
-# What the case does, as it stands in the language: use is call, get or put.
+# How the case uses the member: use is call, get or put.
 function statement(    called) {
     called = target == "vbs" ? "o." member : "o[\"" member "\"]"
     if (use == "put") return called " = " arguments
@@ -204,7 +204,7 @@ function statement(    called) {
     return (target == "vbs" ? "r = " : "return ") called
 }
 
-# Reads the arguments of a call; what a case does with variables is in variable and held.
+# Reads the arguments of a call; the variables and their values go to variable and held.
 function take_arguments(    count, separator, by_reference, written) {
     need("\\(")
     for (count = 0; !take("\\)"); count++) {
@@ -229,7 +229,7 @@ function take_arguments(    count, separator, by_reference, written) {
     }
 }
 
-# Reads what is expected: a value, or the number of a failure.
+# Reads the expected result: a value, or the number of a failure.
 function take_answer() {
     if (take("error [0-9]+")) {
         answer = taken
@@ -256,7 +256,7 @@ function emit(    place, separator, i) {
     }
 }
 
-# What a variable holds: its value, whatever its type.
+# The value of a variable, whatever its type.
 function canonical_variable() {
     if (kind == "text") return canonical_text()
     if (kind == "date") return "D" value
@@ -266,7 +266,7 @@ function canonical_variable() {
 # A result has a type as well.
 function canonical_result() { return canonical_variable() (kind ~ /^[%&!#@b]$/ ? kind : "") }
 
-# A name as it stands in VBScript; in JScript its escapes do.
+# A name in VBScript; in JScript its escapes are kept.
 function plain_name(name,    i, unit, result) {
     if (target != "vbs") return name
     result = ""
@@ -282,7 +282,7 @@ function emit_class(name) {
     if (target == "js") printf "o = new ActiveXObject(\"Vorla6.%s\");\n", name
 }
 
-# The case that is being read, by its file and line.
+# The current case by its file and line.
 function place_of_case(    file) {
     file = FILENAME
     sub(/.*\//, "", file)
@@ -292,7 +292,7 @@ function place_of_case(    file) {
 
 BEGIN {
     for (i = 32; i < 127; i++) printable = printable sprintf("%c", i)
-    # What the codes 0x80 to 0x9f stand for in Windows-1252.
+    # The characters of the codes 0x80 to 0x9f in Windows-1252.
     windows_1252 = "20ac 201a 0192 201e 2026 2020 2021 02c6 2030 0160 2039 0152 017d 2018 2019 201c " \
                    "201d 2022 2013 2014 02dc 2122 0161 203a 0153 017e 0178"
 }
@@ -325,7 +325,7 @@ take("class ") {
         if (target != "expected") arguments = literal()
         answer = "Empty"
     }
-    # Writing gives nothing, unless it fails.
+    # Writing has no result unless it fails.
     if (use != "put" || rest ~ /^ *=/) {
         need("=")
         take_answer()

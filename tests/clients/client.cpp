@@ -1,8 +1,7 @@
-// Calls every case of the files and writes the answers: `client fr|en invoke|vtable files...`.
+// Calls every case in the files and writes the answers: `client fr|en invoke|vtable files...`.
 //
-// "invoke" calls late-bound, by name, as a script engine does; "vtable" calls the slots of the dual
-// interface as a compiled host does, which knows them from the type library, converts nothing and fills in
-// what was left out.
+// "invoke" calls late-bound, by name, as a script engine does. "vtable" calls the slots of the dual interface
+// as a compiled host does: it knows them from the type library, converts nothing and supplies the defaults.
 #include <ole2.h>
 #include <windows.h>
 
@@ -19,7 +18,7 @@
 namespace vorla::test {
 namespace {
 
-// What the case asks for cannot be written in this kind of host.
+// Thrown for a case that this kind of host cannot express.
 struct Inexpressible {
     const char* reason;
 };
@@ -37,7 +36,7 @@ std::string describeFailure(HRESULT failure, bool hasDescription) {
 
 // --- late-bound ---
 
-// The run-time number that hosts give to a refusal of the automation rules.
+// The run-time number that hosts show when a call breaks the automation rules.
 std::string describeRefusal(HRESULT refusal) {
     switch (refusal) {
         case DISP_E_TYPEMISMATCH: return describeError(13, true);
@@ -49,7 +48,7 @@ std::string describeRefusal(HRESULT refusal) {
     }
 }
 
-// Engines cannot tell a method from a property with arguments.
+// Script engines cannot tell a method from a property with arguments.
 WORD flagsOf(Use use) {
     switch (use) {
         case Use::get: return DISPATCH_PROPERTYGET;
@@ -117,7 +116,7 @@ public:
     std::size_t parameterCount() const { return static_cast<std::size_t>(function_->cParams); }
     const ELEMDESC& parameter(std::size_t index) const { return function_->lprgelemdescParam[index]; }
 
-    // The type of a value as it is passed: an enumeration's is the integer that it is.
+    // The type in which a value is passed: an enumeration is passed as an integer.
     VARTYPE passed(const TYPEDESC& type) const {
         if (type.vt != VT_USERDEFINED) return type.vt;
         ComPointer<ITypeInfo> defined;
@@ -145,8 +144,8 @@ private:
 
 constexpr auto wrongCount = "a compiler refuses the number of arguments";
 
-// Arguments of the very types that the slot takes. What is missing gets the default that the type library
-// declares, as a compiler puts it.
+// Arguments in exactly the types that the slot takes. A missing one gets the default that the type library
+// declares, as a compiler would pass it.
 class TypedArguments {
 public:
     TypedArguments(Case& called, const Description& member) {
@@ -212,7 +211,7 @@ private:
         variants_.push_back(isVariant && !byReference);
     }
 
-    // A literal may have the wider or the narrower integer type, where the value fits.
+    // A literal may have a wider or narrower integer type if its value fits.
     static void fit(VARIANT& raw, VARTYPE type) {
         if (raw.vt == VT_I2 && type == VT_I4) {
             raw.lVal = raw.iVal;
@@ -227,8 +226,8 @@ private:
     }
 
     std::vector<Variant> values_;
-    std::vector<VARIANT> passed_;  // views of the case's values and of those above
-    std::vector<bool> variants_;   // which of them are passed as variants
+    std::vector<VARIANT> passed_;  // views of the case's values and of the values above
+    std::vector<bool> variants_;   // whether each is passed as a variant
 };
 
 std::string callByVtable(IDispatch* object, Case& called) {
@@ -243,7 +242,7 @@ std::string callByVtable(IDispatch* object, Case& called) {
     const auto resultType = member.passed(member.function().elemdescFunc.tdesc);
     if (resultType != VT_VOID) arguments.passResult(resultType, *result.put());
 
-    // The type library tells the dual interface by its identifier.
+    // Finds the dual interface in the type library by its identifier.
     TYPEATTR* attributes = nullptr;
     demand(type->GetTypeAttr(&attributes), "a class is not described");
     const IID dualId = attributes->guid;
@@ -263,7 +262,7 @@ std::string callByVtable(IDispatch* object, Case& called) {
 
 // --- both ---
 
-// An object of the class; a dual interface's pointer is the one that its vtable is called on.
+// An object of the class. The pointer to a dual interface is the one whose vtable is called.
 ComPointer<IDispatch> make(const std::wstring& className) {
     CLSID classId;
     ComPointer<IDispatch> object;
@@ -303,7 +302,7 @@ int main(int count, char** arguments) {
         std::fprintf(stderr, "usage: client fr|en invoke|vtable files...\n");
         return 2;
     }
-    // Answers come whole or not at all: the last one shows how far a failed run came.
+    // Without a buffer, every answer before a crash is written, and the last one shows how far the run came.
     std::setvbuf(stdout, nullptr, _IONBF, 0);
     if (FAILED(OleInitialize(nullptr))) return 1;
     int result = 1;

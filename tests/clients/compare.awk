@@ -1,6 +1,6 @@
-# Compares the clients' answers with what the cases expect and with one another:
+# Compares the clients' answers with the expected ones and with one another:
 #     awk -f compare.awk expectations client.answers...
-# A client may leave out a case with a reason, but no case may be left out by all.
+# A client may skip a case with a reason, but at least one client must answer it.
 
 function client_of(path) {
     sub(/.*\//, "", path)
@@ -8,7 +8,7 @@ function client_of(path) {
     return path
 }
 
-# A language with one type of numbers answers "6?" for a 6 of any type.
+# A language with a single numeric type answers "6?" for a 6 of any type.
 function fits(given, wanted) {
     if (given ~ /^-?[0-9][^ "]*\?/) {
         sub(/\?/, "", given)
@@ -32,7 +32,7 @@ FILENAME == ARGV[1] {
 
 {
     key = client_of(FILENAME) SUBSEP name
-    # What is no answer to a case is a message of the client's: it fails the run.
+    # A line that answers no case is a message from the client: it fails the run.
     if (!(name in expected) || key in answer) {
         print client_of(FILENAME) " also says: " name " " $0
         failed++
@@ -49,7 +49,7 @@ END {
         name = order[i]
         agreed = 0
         wrong = ""
-        # By the arguments: a client that answered nothing at all has left no line to be known by.
+        # Taken from the arguments, because a client that answers nothing has no lines.
         for (c = 2; c < ARGC; c++) {
             client = client_of(ARGV[c])
             key = client SUBSEP name

@@ -37,13 +37,13 @@ function variable(held) {
     }
 }
 
-// The language has one type of numbers.
+// The language has a single numeric type.
 function value(result) {
     return variable(result) + (typeof result == "number" ? "?" : "");
 }
 
-// The run-time number of a failure. This engine hands on the codes of calls that the automation rules refuse,
-// without a description of its own; scripts know them by these numbers.
+// The run-time number of a failure. When a call breaks the automation rules, this engine passes the code on
+// without a description of its own; scripts know these failures by these numbers.
 function failure(error) {
     var code = error.number >>> 0;
     switch (code) {

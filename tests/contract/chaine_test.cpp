@@ -1,5 +1,5 @@
-// VorlaChaine where the system has a say: locales, variants of every type, and the 16-bit limits seen
-// from a host. What the rules alone decide is tested with them.
+// VorlaChaine where results depend on the system: locales, variants of every type, and the 16-bit limits as a
+// host sees them. The rules have tests of their own.
 #include "contract/component.h"
 #include "support/scripted_object.h"
 

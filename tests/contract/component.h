@@ -1,4 +1,4 @@
-// The component as a file: loaded, asked for its entry points, its classes made without a registry.
+// The component as a file: loads it, finds its entry points, and makes its classes without the registry.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@
 
 namespace vorla::test {
 
-/// The classes in the order of the catalogue; their numbers follow it.
+/// The classes in the order of the catalogue, which gives their numbers.
 inline constexpr const wchar_t* classNames[] = {L"VorlaChaine",   L"VorlaNumérique",  L"VorlaGraphique",
                                                 L"VorlaDate",     L"VorlaDivers",     L"VorlaFichier",
                                                 L"VorlaRegistre", L"VorlaSystem",     L"VorlaLangue",
@@ -25,7 +25,7 @@ inline IID interfaceId(std::uint16_t number) {
     return identifier(static_cast<std::uint16_t>(numbers::interfaces + number));
 }
 
-/// Vorla6.dll from the current folder, for as long as this lives.
+/// Vorla6.dll from the current folder, loaded as long as this exists.
 class Component {
 public:
     Component() : module_(LoadLibraryW(L".\\Vorla6.dll")) { EXPECT_NE(nullptr, module_); }

@@ -1,5 +1,5 @@
-// VorlaDate where the system has a say: its separator, its names, its numbers, and the message. The order of
-// the parts alone is tested with its rule.
+// VorlaDate where results depend on the system: its separator, names and numbers, and the message. The order
+// of the parts is tested with its rule.
 #include <limits>
 
 #include "contract/component.h"
@@ -23,7 +23,7 @@ protected:
 
     const Component component;
     const Dispatch object = component.create(3);
-    // The first element has two digits whatever day it is.
+    // The first element has two digits on every day.
     const ChangedSetting format{LOCALE_SSHORTDATE, isFrench() ? L"dd/MM/yyyy" : L"MM/dd/yyyy"};
 };
 
@@ -87,13 +87,13 @@ TEST_F(DateMembers, aDateThatIsANumberIsTakenAsItIs) {
                  text(isFrench() ? L"15112026" : L"151,2026,1"));
 }
 
-// No double holds 400 digits, so the text is no number, and yet no character of it separates.
+// 400 digits exceed every double, so the text is not a number, although each of its characters is numeric.
 TEST_F(DateMembers, moreDigitsThanANumberHas) {
     const std::wstring year(396, L'1');
     expectResult(call(L"DateAMJtoJMA", {text(year + L"0203"), false}), text(L"0302" + year));
 }
 
-// Whether a character is a number by itself is the system's judgement; one that is none is the separator.
+// The system decides whether a character is a number by itself. One that is not becomes the separator.
 TEST_F(DateMembers, charactersAreNumbersByTheSystemsJudgement) {
     expectResult(call(L"DateAMJtoJMA", {text(L"2026*11/15"), false}), text(L"151/20261"));
     Intercept<decltype(VarR8FromStr)> reading(component.module(), "oleaut32.dll", "VarR8FromStr");
@@ -103,7 +103,7 @@ TEST_F(DateMembers, charactersAreNumbersByTheSystemsJudgement) {
     expectResult(call(L"DateAMJtoJMA", {text(L"2026*11/15"), false}), text(L"15112026*"));
 }
 
-// What a failing conversion has left in its output is no date.
+// The output of a failed conversion is not used as a date.
 TEST_F(DateMembers, aDateThatTheSystemRefusesHasNoWords) {
     Intercept<decltype(VariantTimeToSystemTime)> conversion(component.module(), "oleaut32.dll",
                                                             "VariantTimeToSystemTime");
@@ -132,7 +132,7 @@ TEST_F(DateMembers, theSeparatorIsTheThirdCharacterOfToday) {
     constexpr Row rows[] = {{L"dd.MM.yyyy", L"15.11.2026"},
                             {L"dd-MM-yy", L"15-11-2026"},
                             {L"'ab:'yyyy", L"15:11:2026"},
-                            // No third character, no separator.
+                            // Without a third character there is no separator.
                             {L"'x'", L"15112026"},
                             {L"'xy'", L"15112026"}};
     for (const Row& row : rows) {

@@ -11,7 +11,7 @@ namespace {
 
 constexpr const char* noMemoryLeft = "failure 8007000e";
 
-// A call, what it answers when all goes well, and what else it may answer when something does not.
+// A call, its right answer, and the other answers that are allowed when something fails.
 struct Use {
     const wchar_t* member;
     Arguments arguments;
@@ -35,7 +35,7 @@ std::string answerOf(const Outcome& outcome) {
 
 class FailingCalls : public testing::Test {
 protected:
-    // Fails each of the uses' calls; one that none of them makes would prove nothing.
+    // Fails each of the uses' calls. If none of them calls the function, the test proves nothing and fails.
     void failAll(std::uint16_t number, const Fault& fault, const std::set<std::string>& whenFailed,
                  const std::vector<Use>& uses) {
         const Dispatch object = component.create(number);
@@ -88,10 +88,10 @@ TEST_F(FailingCalls, ofUnguardedAmountsAndKeysReachTheHost) {
     fail(fault<decltype(VariantCopyInd)>("oleaut32.dll", "VariantCopyInd", E_OUTOFMEMORY), {noMemoryLeft});
     fail(fault<decltype(SysAllocStringLen)>("oleaut32.dll", "SysAllocStringLen", BSTR{}), {noMemoryLeft});
     fail(noMemory(), {noMemoryLeft});
-    // A code of which the system does not say that it is a number is told to the user like any other.
+    // If the system cannot tell whether a code is a number, the user sees the message for a code that is not.
     fail(fault<decltype(VarR8FromStr)>("oleaut32.dll", "VarR8FromStr", DISP_E_TYPEMISMATCH),
          {written(zero16()), written(true)});
-    // A message that cannot be shown, or without its title, changes no answer.
+    // Failing to show the message, or to find its title, changes no result.
     fail(fault<decltype(MessageBoxW)>("user32.dll", "MessageBoxW", 0), {});
     fail(fault<decltype(GetModuleFileNameW)>("kernel32.dll", "GetModuleFileNameW", DWORD{0}), {});
 }
@@ -113,7 +113,7 @@ TEST_F(FailingCalls, ofTheTwoDateConversionsReachTheHost) {
         failAll(date, fault, whenFailed, uses);
     };
     fail(fault<decltype(GetDateFormatW)>("kernel32.dll", "GetDateFormatW", 0), {"error 5"});
-    // What is no number is a separator at worst, and these dates have theirs.
+    // A date that the system does not recognise as a number is searched for a separator, and these have one.
     fail(fault<decltype(VarR8FromStr)>("oleaut32.dll", "VarR8FromStr", DISP_E_TYPEMISMATCH), {});
     fail(fault<decltype(SysAllocStringLen)>("oleaut32.dll", "SysAllocStringLen", BSTR{}), {noMemoryLeft});
     fail(noMemory(), {noMemoryLeft});
@@ -154,7 +154,7 @@ TEST_F(FailingCalls, giveNothingFromVorlaFichier) {
     const auto half = isFrench() ? L"1,50 Ko   (1 536 octets)" : L"1.50 Ko   (1 536 octets)";
     const std::set<std::string> empty = {written(L"")};
     const std::vector<Use> uses = {
-        // A folder that cannot be told from a file is taken apart as one.
+        // If the disk does not answer, the folder is taken for a file.
         {L"ExtraitChemin", {text(folder)}, written(text(folder)), {written(text(parent))}},
         {L"ExtraitChemin", {text(folder), std::int32_t{3}}, written(L""), {written(L"mp3")}},
         {L"ExtraitChemin", {text(file), std::int32_t{3}}, written(L"txt"), {}},
@@ -191,7 +191,7 @@ TEST_F(FailingCalls, giveNothingFromVorlaFichier) {
     fail(fault<decltype(VarFormat)>(automation, "VarFormat", E_OUTOFMEMORY));
     fail(fault<decltype(VarDecFromR8)>(automation, "VarDecFromR8", DISP_E_OVERFLOW));
     fail(fault<decltype(VarBstrFromDec)>(automation, "VarBstrFromDec", E_OUTOFMEMORY));
-    // Where even the answer finds no memory the host learns of it.
+    // If there is no memory for the result itself, the host gets an error.
     fail(fault<decltype(SysAllocStringLen)>(automation, "SysAllocStringLen", BSTR{}), {noMemoryLeft});
     fail(noMemory(), {noMemoryLeft});
 }

@@ -1,5 +1,4 @@
-// VorlaFichier's dates of files, its small operations on files, and the trays of drives as the system is
-// asked to move them.
+// VorlaFichier: dates of files, operations on files, and the calls that move the trays of drives.
 #include <algorithm>
 #include <array>
 
@@ -21,7 +20,7 @@ unsigned openHandles() { return Resources::held().handles; }
 
 // Days since 30 December 1899.
 Date date(int year, int month, int day, int hour, int minute, int second) {
-    // Counted from March on, so that a leap day is the last of its year.
+    // Counted from March, so that a leap day is the last day of the year.
     const int y = month < 3 ? year - 1 : year, m = month < 3 ? month + 9 : month - 3;
     const int days = 365 * y + y / 4 - y / 100 + y / 400 + (153 * m + 2) / 5 + day - 1;
     constexpr int first = 365 * 1899 + 1899 / 4 - 1899 / 100 + 1899 / 400 + (153 * 9 + 2) / 5 + 30 - 1;
@@ -72,7 +71,7 @@ protected:
 
 class FileDates : public FichierFiles {
 protected:
-    // What files that refuse give: no date and no error.
+    // A file that cannot be read has no date and raises no error.
     void expectNoDate(const std::wstring& path) {
         for (const int which : {creation, modification, access}) expectResult(dateOf(path, which), Variant());
     }
@@ -208,7 +207,7 @@ TEST_F(FileDates, foldersLockedFilesAndLongPathsHaveDatesToo) {
 }
 
 TEST_F(FileDates, whatIsNotThereHasNoDate) {
-    // The runtime makes a lock for its exceptions with the first of them, and keeps it.
+    // The runtime makes a lock for its exceptions when the first is thrown, and keeps it.
     expectNoDate(L"Q:\\rien.txt");
     const auto handles = openHandles();
     for (const std::wstring path :
@@ -243,7 +242,7 @@ TEST_F(FileDates, eachCallThatFailsGivesNothing) {
     expectNoDate(temporary.path(L"rien"));  // once, as above
     const auto handles = openHandles();
 
-    // What cannot be opened still tells its dates to who does not open it.
+    // The dates of a file that cannot be opened are read without opening it.
     opening.failCall(1, HFILE_ERROR);
     expectResult(dateOf(file, modification), before);
     opening.failCall(1, HFILE_ERROR);
@@ -326,7 +325,7 @@ TEST_F(FichierFiles, filesAndFoldersAreRenamedAndMoved) {
     EXPECT_EQ(L"un", textOf(L"LectDat", {text(moved)}));
     expectResult(call(L"RenameFile", {text(folder), text(temporary.path(L"autre"))}), true);
     EXPECT_EQ(L"un", textOf(L"LectDat", {text(temporary.path(L"autre\\c.txt"))}));
-    // To its own name, in other letters too.
+    // To its own name, with different case.
     const auto last = temporary.path(L"autre\\c.txt");
     expectResult(call(L"RenameFile", {text(last), text(last)}), true);
     expectResult(call(L"RenameFile", {text(last), text(temporary.path(L"autre\\C.TXT"))}), true);
@@ -363,7 +362,7 @@ TEST_F(FichierFiles, whatCannotBeRenamedStays) {
     EXPECT_FALSE(TemporaryFolder::exists(temporary.path(L"autre")));
 }
 
-// Without memory a member has no result of its own, or dispatch none for it.
+// Without memory there is no result: in the member, or in dispatch.
 TEST_F(FichierFiles, withoutMemoryNothingHappens) {
     const auto file = temporary.file(L"fichier");
     const std::string noMemoryLeft = "failure";
@@ -399,7 +398,7 @@ TEST_F(FichierFiles, withoutMemoryNothingHappens) {
     failing(
         "CreateFolder", [&] { return call(L"CreateFolder", {text(temporary.path())}); },
         text(temporary.path() + L"\\"), text(L""));
-    // Always another name: what counts is that none is there.
+    // Names differ from call to call; what counts is that no such file exists.
     const auto name = [&] {
         const auto outcome = call(L"GetTempFileName", {text(L"abc")});
         if (outcome.code != S_OK) return noMemoryLeft;
@@ -463,7 +462,7 @@ TEST_F(TemporaryNames, failuresGiveNothingAndLeaveNoFile) {
     for (const int n : {1, 2}) {
         narrowing.failCall(n, 0);
         EXPECT_EQ(L"", textOf(L"GetTempFileName", {text(L"abc")})) << n;
-        // The file is there already then.
+        // By then the file exists.
         widening.failCall(n, 0);
         EXPECT_EQ(L"", textOf(L"GetTempFileName", {text(L"abc")})) << n;
     }
@@ -512,7 +511,7 @@ TEST_F(FichierFiles, fieldsThatHoldNothing) {
     expectResult(call(L"IsFieldEpmty", {test::object(&null)}), false);
 }
 
-// The system as it would be with drives whose trays move.
+// A system with drives whose trays move.
 class Trays : public FichierFiles {
 protected:
     Trays() {
@@ -578,7 +577,7 @@ TEST_F(Trays, onTheNewerFamilyTheDriveIsAsked) {
         move(L"d:\\", 0);
         move(L"D", 1);
         for (const int other : {2, -1, 32768}) move(L"z:\\Musique\\", other);
-        // &HC0000000 is 3221225472; opened for nobody else, if it exists.
+        // &HC0000000 is 3221225472; not shared, and only if it exists.
         const std::string drive = "CreateFileA(\"\\\\.\\D:\", 3221225472, 0, null, 3, 0, null)";
         const std::string last = "CreateFileA(\"\\\\.\\Z:\", 3221225472, 0, null, 3, 0, null)";
         EXPECT_EQ((CallLog{drive, drive, last, last, last}), devices);
@@ -597,7 +596,7 @@ TEST_F(Trays, onTheOlderFamilyItIsAlwaysOpened) {
         move(L"D:", 1);
         move(L"a", 7);
         move(L"Z", 1);
-        // No rights, shared with nobody, flag &H4000000.
+        // No access rights, not shared, flag &H4000000.
         const std::string device = "CreateFileA(\"\\\\.\\VWIN32\", 0, 0, null, 3, 67108864, null)";
         EXPECT_EQ(CallLog(4, device), devices);
         // EBX, EDX, ECX, EAX, EDI, ESI and the flags, lowest byte first.
@@ -637,7 +636,7 @@ TEST_F(Trays, failuresAreSilent) {
         runOn(4, 0, family);
         request.failCall(1, FALSE);
         move(L"D:", 0);
-        // A system that does not tell its version is an unknown one.
+        // If the system does not tell its version, the version is unknown.
         version.failCall(1, FALSE);
         move(L"D:", 0);
         EXPECT_NE(std::string::npos, devices.back().find("VWIN32"));

@@ -1,5 +1,5 @@
-// VorlaFichier's dialogs, real ones: opened, read, used and answered by a watcher; and what the system is
-// asked for, where Wine's dialogs differ from Windows' or cannot be made to fail.
+// VorlaFichier's dialogs. Real ones are opened, and read, used and answered by a watcher. Where Wine's
+// dialogs differ from Windows' or cannot be made to fail, the requests to the system are tested.
 #include <shlobj.h>
 
 #include <algorithm>
@@ -29,7 +29,7 @@ std::wstring currentDirectory() {
     return path;
 }
 
-// The process is in another folder as long as this lives.
+// Another current directory as long as this exists.
 class CurrentDirectory {
 public:
     explicit CurrentDirectory(const std::wstring& path) { EXPECT_TRUE(SetCurrentDirectoryW(path.c_str())); }
@@ -80,7 +80,7 @@ TEST_F(FichierDialogs, aFolderIsChosen) {
     ASSERT_EQ(1u, watcher.seen().size());
     EXPECT_TRUE(contains(watcher.seen()[0].texts, L"Où l'été ?"));
     EXPECT_EQ(L"dossier été €", selected);
-    // OK, Cancel, and one that makes a folder.
+    // OK, Cancel, and the button for a new folder.
     EXPECT_EQ(3u, watcher.seen()[0].buttons.size());
 }
 
@@ -180,7 +180,8 @@ TEST_F(FichierDialogs, titlesOfAnyLength) {
     EXPECT_TRUE(contains(watcher.seen()[1].texts, L"avant"));
 }
 
-// What the dialogs are asked for. The answer is an item of the tree and, in the caller's buffer, a name.
+// The requests that the dialogs make. They are answered with an item of the tree and, in the caller's buffer,
+// a name.
 class Requests : public FichierDialogs {
 protected:
     Requests() {
@@ -250,7 +251,7 @@ TEST_F(Requests, computersAndPrinters) {
     EXPECT_EQ(8768u, flags.back());
     EXPECT_EQ(CSIDL_PRINTERS, rooted);
     EXPECT_EQ(nullptr, callback);
-    // Whatever the dialog has left in the buffer.
+    // The result is empty whatever the dialog has left in the buffer.
     cancelled = true;
     EXPECT_EQ(L"", textOf(L"GetComputer", {text(L"")}));
     EXPECT_EQ(L"", textOf(L"GetPrinter", {text(L"")}));
@@ -261,7 +262,7 @@ TEST_F(Requests, namesThatFillTheBuffer) {
     EXPECT_EQ(std::wstring(259, L'n'), textOf(L"GetComputer", {text(L"")}));
 }
 
-// The folder is selected once the dialog is there, by a message that carries its path.
+// The folder is selected once the dialog is ready, by a message with its path.
 TEST_F(Requests, theStartFolderIsSelectedWhenTheDialogIsReady) {
     const auto folder = temporary.folder(L"ici é");
     struct Sent {
@@ -340,7 +341,7 @@ TEST_F(Requests, eachCallThatFailsGivesNothing) {
             }
     }
     {
-        // A folder whose attributes cannot be read is none.
+        // A folder whose attributes cannot be read does not exist.
         Intercept<decltype(GetFileAttributesA)> attributes(module, "kernel32.dll", "GetFileAttributesA");
         attributes.answer([](const char*) { return INVALID_FILE_ATTRIBUTES; });
         EXPECT_EQ(temporary.path(), folderFrom(temporary.path()));

@@ -1,5 +1,5 @@
-// VorlaFichier's folder creation: what comes to lie on the disk, what the user is told when that fails, in
-// the system's box and in the host's own, and what his answer leads to.
+// VorlaFichier's creation of folders: the folders on the disk, the messages shown when creating fails (by the
+// system's box and by the host's), and the effect of the user's answers.
 #include <shlobj.h>
 
 #include <algorithm>
@@ -135,7 +135,7 @@ TEST_F(OtherHost, aPathWithoutADriveLiesBelowTheRootOfTheHosts) {
     EXPECT_EQ(L"D:\\Data\\", created(L"Data"));
     EXPECT_EQ(L"D:\\\\Data\\", created(L"\\Data"));
     EXPECT_EQ(L"D:\\..\\x\\", created(L"..\\x"));
-    // A path with a drive has nothing to do with the host.
+    // For a path with a drive, the host's own path does not matter.
     EXPECT_EQ(L"C:\\Data\\", created(L"C:\\Data"));
     host = L"\\\\srv\\part\\hote.exe";
     folders.insert("\\\\srv\\part\\");
@@ -159,7 +159,7 @@ TEST_F(OtherHost, theFirstLevelThatIsRefusedIsTheLast) {
         EXPECT_EQ(L"", created(L"C:\\A\\B\\C")) << n;
         EXPECT_EQ(static_cast<std::size_t>(n), log.size());
     }
-    // Somebody else has made it meanwhile.
+    // Another program has created it meanwhile.
     folders = {"C:\\"};
     creation.answer([this](const char* path, SECURITY_ATTRIBUTES*) -> BOOL {
         folders.insert(path);
@@ -187,7 +187,7 @@ TEST_F(OtherHost, theHostsBoxGetsEverythingItShows) {
     EXPECT_EQ(describe(long32(17).raw()), describe(given[2].raw()));
     EXPECT_EQ(describe(text(L"hote").raw()), describe(given[3].raw()));
     EXPECT_EQ(describe(text(help).raw()), describe(given[4].raw()));
-    // A message of the host's is shown as it is, and a host may have no help.
+    // A message from the host is shown unchanged. A host may have no help file.
     host = L"D:\\hote.exe";
     EXPECT_EQ(L"", created({text(nowhere), test::object(&box), text(L"Où ranger ?\r\n"), long32(0)}));
     EXPECT_EQ(describe(long32(0).raw()), describe(given[0].raw()));
@@ -222,7 +222,8 @@ TEST_F(Answers, cancelInTheSystemsBox) {
     EXPECT_EQ(Texts{L"Où ?"}, watcher.seen()[1].texts);
 }
 
-// Every dialog gets OK; the one for folders opens on the current directory, or where it is told.
+// Every dialog is answered with OK. The one for folders opens on the current directory or on the wanted
+// folder.
 TEST_F(Answers, okInTheSystemsBoxOpensTheDialogForFolders) {
     wchar_t before[MAX_PATH];
     GetCurrentDirectoryW(MAX_PATH, before);
@@ -235,7 +236,7 @@ TEST_F(Answers, okInTheSystemsBoxOpensTheDialogForFolders) {
     SetCurrentDirectoryW(before);
     ASSERT_EQ(4u, watcher.seen().size());
     EXPECT_EQ(Texts{ownMessage(L"Q:\\Données\\été\\")}, watcher.seen()[0].texts);
-    // The dialog has no text of its own and a button that makes a folder.
+    // The dialog has no text of its own, and a button for a new folder.
     EXPECT_EQ(Texts(), watcher.seen()[1].texts);
     EXPECT_EQ(3u, watcher.seen()[1].buttons.size());
 }
@@ -267,7 +268,7 @@ TEST_F(Answers, aFolderMadeMeanwhileIsWhereTheDialogOpens) {
     const auto file = temporary.file(L"Nom");
     ScriptedObject box;
     box.method(L"Action", [&](const ScriptedObject::Call&) {
-        // The user follows the message: what is in the way goes.
+        // The user does what the message asks and deletes the file that is in the way.
         EXPECT_TRUE(::DeleteFileW(file.c_str()));
         temporary.folder(L"Nom");
         return Variant(std::int32_t{1});
@@ -337,7 +338,7 @@ TEST_F(Answers, theSystemsBoxIsAskedFor) {
     EXPECT_EQ(L"", created({text(nowhere), missing(), text(L"Message"), long32(handle)}));
     EXPECT_EQ(window, owner);
     EXPECT_EQ(std::vector<std::wstring>{help}, opened);
-    // Without a help file F1 does nothing; a window that is no longer there owns nothing.
+    // Without a help file F1 does nothing. A window that no longer exists owns nothing.
     DestroyWindow(window);
     host = L"D:\\hote.exe";
     EXPECT_EQ(L"", created({text(nowhere), missing(), text(L"Message"), long32(handle)}));
@@ -359,7 +360,7 @@ TEST_F(Answers, eachCallThatFailsGivesNothing) {
     const auto folder = temporary.path(L"A\\B");
     Intercept<decltype(WideCharToMultiByte)> narrowing(component.module(), "kernel32.dll",
                                                        "WideCharToMultiByte");
-    // The paths that are asked for and created, each converted in two steps, until a run needs no more. What
+    // Each path that is tested or created is converted in two steps; each step fails in turn. A path that
     // cannot be converted does not exist, or is not created.
     int failed = 0;
     for (int n = 1; n < 100; ++n) {
@@ -376,7 +377,7 @@ TEST_F(Answers, eachCallThatFailsGivesNothing) {
     Intercept<decltype(GetFileAttributesA)> attributes(component.module(), "kernel32.dll",
                                                        "GetFileAttributesA");
     attributes.answer([](const char*) { return INVALID_FILE_ATTRIBUTES; });
-    // All are there, and none is found: the first one from the root is refused.
+    // All levels exist, but none is found: the first one after the root is refused.
     EXPECT_EQ(L"", created(temporary.path()));
 }
 

@@ -1,5 +1,5 @@
-// VorlaFichier with real files and folders: what Windows answers, what reaches the caller when it refuses,
-// and numbers as the user's settings write them. What the rules alone decide is tested with them.
+// VorlaFichier with real files and folders: what Windows answers, what reaches the caller when Windows
+// refuses, and numbers as the user's settings write them. The rules have tests of their own.
 #include <algorithm>
 #include <limits>
 
@@ -30,7 +30,7 @@ protected:
     const Dispatch object = component.create(numberOfFichier);
 };
 
-// A path too long for the system, of names that are not.
+// A path that is too long for the system, made of names that are not.
 std::wstring tooLong() {
     std::wstring path = L"C:";
     for (int i = 0; i < 40; ++i) path += L"\\nom-de-dossier";
@@ -134,7 +134,7 @@ TEST_F(Fichier, existingFoldersAreAllFolder) {
             EXPECT_EQ(L"", textOf(L"ExtraitChemin", {text(folder), long32(part)}));
         EXPECT_EQ(folder.substr(2), textOf(L"ExtraitChemin", {text(folder), long32(5)}));
     }
-    // A file of the same kind of name is none.
+    // A file is not a folder.
     const auto file = temporary.file(L"fichier.txt");
     EXPECT_EQ(temporary.path() + L"\\", textOf(L"ExtraitChemin", {text(file)}));
     EXPECT_EQ(L"fichier.txt", textOf(L"ExtraitChemin", {text(file), long32(2)}));
@@ -175,7 +175,7 @@ TEST_F(Fichier, existenceIsThatOfAFileOrOfAFolder) {
         SetFileAttributesW(file.c_str(), attribute);
         expectResult(call(L"FileExist", {text(file)}), true);
     }
-    // In any case of its letters.
+    // Without regard to case.
     std::wstring upper = file;
     CharUpperW(upper.data());
     expectResult(call(L"FileExist", {text(upper)}), true);
@@ -209,7 +209,7 @@ TEST_F(Fichier, kindsFollowTheExtension) {
     expectResult(call(L"FileType", {text(temporary.file(L"piste.mp3"))}), long32(1));
 }
 
-// What each byte is in the code page 1252, the five without a character being themselves.
+// The character of each byte in code page 1252. The five bytes without a character stand for themselves.
 std::wstring characterOf(int byte) {
     constexpr wchar_t upperControls[] =
         L"\u20AC\x81\u201A\u0192\u201E\u2026\u2020\u2021\u02C6\u2030\u0160\u2039\u0152\x8D\u017D\x8F"
@@ -257,20 +257,20 @@ TEST_F(Fichier, contentOfWhatCannotBeReadIsEmpty) {
         EXPECT_EQ(L"", textOf(L"LectDat", {text(file)}));
     }
     {
-        // Somebody who lets others read while writing.
+        // Open elsewhere for writing, shared with readers.
         const File shared(
             CreateFileW(file.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
         EXPECT_EQ(L"abc", textOf(L"LectDat", {text(file)}));
     }
     {
-        // Somebody who reads as well.
+        // Open elsewhere for reading.
         const File reader(
             CreateFileW(file.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
         EXPECT_EQ(L"abc", textOf(L"LectDat", {text(file)}));
     }
     SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN);
     EXPECT_EQ(L"abc", textOf(L"LectDat", {text(file)}));
-    // Nothing is kept open.
+    // No file stays open.
     SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL);
     EXPECT_TRUE(static_cast<bool>(
         File(CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr))));
@@ -282,7 +282,7 @@ TEST_F(Fichier, longNamesAreAsStored) {
     const auto file = temporary.file(L"Dossier au long nom é\\Fichier au long nom.texte");
     wchar_t shortForm[MAX_PATH];
     ASSERT_NE(0u, GetShortPathNameW(file.c_str(), shortForm, MAX_PATH));
-    // Or this test compares nothing.
+    // Otherwise this test would compare nothing.
     ASSERT_NE(file, shortForm);
     SetFileAttributesW(temporary.path(L"Dossier au long nom é").c_str(), FILE_ATTRIBUTE_HIDDEN);
 
@@ -300,13 +300,13 @@ TEST_F(Fichier, longNamesAreAsStored) {
     SysFreeString(typed);
 }
 
-// The directory listing takes patterns; a name that the code page lacks becomes one.
+// The directory listing accepts patterns, and a character that the code page lacks makes a name one.
 TEST_F(Fichier, aPatternStandsForTheNameThatItFinds) {
     const TemporaryFolder temporary;
     const auto file = temporary.file(L"seul.txt");
     EXPECT_EQ(file, textOf(L"FileNameShortToLong", {text(temporary.path(L"s*.t?t"))}));
     EXPECT_EQ(L"", textOf(L"FileNameShortToLong", {text(temporary.path(L"t*"))}));
-    // A question mark in the code page, and no pattern to GetFileAttributesA.
+    // Its characters become question marks, which are not a pattern to GetFileAttributesA.
     const auto foreign = temporary.file(L"\u6F22\u5B57");
     expectResult(call(L"FileExist", {text(foreign)}), false);
     EXPECT_EQ(L"", textOf(L"LectDat", {text(foreign)}));
@@ -400,7 +400,7 @@ TEST_F(Fichier, sizesAreWrittenAsTheUserWritesNumbers) {
         {2 * G, L"2 Go", L"2 Go   (2 147 483 648 octets)"},
         {T, L"1024 Go", L"1024 Go   (1 099 511 627 776 octets)"},
         {5 * K * T, L"5120 To", L"5120 To   (5 629 499 534 213 120 octets)"},
-        // A text with an exponent is no plain decimal text, and a decimal holds 28 digits.
+        // A double's own text has an exponent here; a decimal has up to 28 digits.
         {K * T * 1e12, L"1024000000000000 To", nullptr},
         {-1e15, L"-1000000000000000 octet(s)", L"-1000000000000000 octet(s)"},
         {1e300, L"", L""},
@@ -409,7 +409,7 @@ TEST_F(Fichier, sizesAreWrittenAsTheUserWritesNumbers) {
         {-std::numeric_limits<double>::infinity(), L"", L""},
         {std::numeric_limits<double>::quiet_NaN(), L"", L""},
     };
-    // A short number that rounds to a whole one keeps its separator: hosts have always shown it so.
+    // A short number that rounds to a whole one ends in its separator: hosts have always shown it so.
     constexpr Row french[] = {
         {1536, L"1,5 Ko", L"1,50 Ko   (1 536 octets)"},
         {1025, L"1, Ko", L"1,00 Ko   (1 025 octets)"},
@@ -449,7 +449,7 @@ TEST_F(Fichier, theShortFormIsAskedForByReference) {
     Variant variable(true);
     expectResult(call(L"SizeToString", {2048.0, byReference(variable)}), text(L"2 Ko"));
     EXPECT_EQ(describe(Variant(true).raw()), describe(variable.raw()));
-    // Other compilers' True, left as it is.
+    // The value that some compilers use for True. It is left as it is.
     VARIANT_BOOL one = 1;
     expectResult(call(L"SizeToString", {2048.0, byReference(VT_BOOL, &one)}), text(L"2 Ko"));
     EXPECT_EQ(1, one);
@@ -483,14 +483,14 @@ TEST_F(Fichier, sizesOfFiles) {
         EXPECT_EQ(L"", textOf(L"FileSize", {text(path)})) << narrow(path);
 }
 
-// What a host cut out of a buffer that a system call had filled.
+// Paths that a host takes from a buffer filled by a system call.
 TEST_F(Fichier, pathsEndAtTheirFirstNul) {
     const TemporaryFolder temporary;
     const auto file = temporary.file(L"fichier", "abc") + std::wstring(L"\0reste", 6);
     expectResult(call(L"FileExist", {text(file)}), true);
     EXPECT_EQ(L"abc", textOf(L"LectDat", {text(file)}));
     EXPECT_EQ(L"3 octet(s)", textOf(L"FileSize", {text(file)}));
-    // Rules on the text alone see all of it.
+    // Members that only look at the text use all of it.
     EXPECT_EQ(file + L"\\", textOf(L"NormalisePath", {text(file)}));
     EXPECT_EQ(std::wstring(L"fichier\0reste", 13), textOf(L"ExtraitChemin", {text(file), long32(2)}));
 }
@@ -509,7 +509,7 @@ TEST_F(Fichier, contentIsReadToItsEnd) {
         reading.failCall(call, FALSE);
         EXPECT_EQ(L"", textOf(L"LectDat", {text(file)})) << call;
     }
-    // Somebody cuts the file behind its second byte.
+    // Another program shortens the file after its second byte.
     reading.answer([&](HANDLE handle, void* bytes, DWORD wanted, DWORD* count, OVERLAPPED* overlapped) {
         const DWORD left = wanted > 3 ? wanted - 3 : 0;
         return reading.callOriginal(handle, bytes, left, count, overlapped);

@@ -1,4 +1,4 @@
-// What the tests of VorlaLangue share: an application's folder with language files in it.
+// The common part of VorlaLangue's tests: an application's folder with language files.
 #pragma once
 
 #include <string>
@@ -37,14 +37,14 @@ protected:
             << narrow(name);
     }
 
-    /// Writes a language file, as it stands in the ANSI code page, and selects nothing.
+    /// Writes a language file with exactly these bytes, and selects no language.
     std::wstring languageFile(std::wstring_view code, std::wstring_view content) {
         return application.file(L"Languages\\" + std::wstring(code) + L".lng", toAnsi(content));
     }
     void select(const wchar_t* code) { run(L"LngSetFileName", {text(application.path()), text(code)}); }
 
     static std::string bytesOf(const std::wstring& path) {
-        WritePrivateProfileStringA(nullptr, nullptr, nullptr, nullptr);  // what Windows keeps back is written
+        WritePrivateProfileStringA(nullptr, nullptr, nullptr, nullptr);  // flushes Windows' cache
         const File file(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                     OPEN_EXISTING, 0, nullptr));
         EXPECT_TRUE(static_cast<bool>(file)) << narrow(path);
@@ -61,7 +61,7 @@ protected:
     const std::wstring languages = application.folder(L"Languages");
 };
 
-/// What an array of strings holds; no texts when it is unallocated.
+/// The strings in an array; none when it is unallocated.
 inline Texts textsIn(const Outcome& outcome) {
     EXPECT_EQ(S_OK, outcome.code);
     EXPECT_EQ(VT_ARRAY | VT_BSTR, outcome.result.raw().vt);
@@ -81,7 +81,7 @@ inline Texts textsIn(const Outcome& outcome) {
     return texts;
 }
 
-/// Runs the work on a thread of its own, with an object that it made there.
+/// Runs the work on a thread of its own, with an object made on that thread.
 template <class Work>
 void onThread(const Component& component, Work work) {
     Thread([&] { work(component.create(numberOfLangue)); });

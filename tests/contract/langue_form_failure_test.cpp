@@ -1,4 +1,4 @@
-// A host that fails wherever it can: loading and saving a form go on, and miss no more than the step that
+// A host that fails at any of its calls: loading and saving a form continue, and miss only the step that
 // failed.
 #include <algorithm>
 #include <functional>
@@ -15,7 +15,7 @@ namespace {
 
 using Names = std::set<std::wstring>;
 
-// What was refused: the object's name, and the call as its log writes it.
+// A call that was refused: the object's name, and the call as in its log.
 struct Refused {
     std::wstring object, call;
 };
@@ -49,7 +49,7 @@ protected:
                 {L"measuring", &form.measuring}, {L"container", &form.container}};
     }
 
-    // What an object was called for, lookups aside: failures are counted in these.
+    // The calls of an object without lookups. Failures are counted in these.
     static std::vector<std::wstring> callsOf(ScriptedObject& object) {
         std::vector<std::wstring> calls;
         for (const auto& line : object.log())
@@ -57,7 +57,7 @@ protected:
         return calls;
     }
 
-    // Runs the work with each call of each object failing in turn, and gives what was refused to the check.
+    // Runs the work with each call of each object failing in turn, and passes the refused call to the check.
     void failEachInTurn(const std::function<void(Form&)>& work,
                         const std::function<void(Form&, const Refused&, std::size_t)>& check) {
         std::map<std::wstring, std::vector<std::wstring>> calls;
@@ -74,7 +74,7 @@ protected:
                 Form form;
                 fill(form);
                 ScriptedObject& failing = *objectsOf(form)[name];
-                // As hosts report it, and as a broken connection does.
+                // First as hosts report failures, then as a broken connection does.
                 if (i % 2 == 0)
                     failing.failCallWithNumber(static_cast<int>(i) + 1, 438);
                 else
@@ -92,7 +92,7 @@ protected:
     }
 };
 
-// Everything that loading changes, and has not.
+// Everything that loading should have changed and did not.
 Names unchanged(Form& form) {
     Names names;
     const auto note = [&](bool changed, const std::wstring& name) {
@@ -130,7 +130,8 @@ TEST_F(LangueFailingForms, loadingMissesOnlyTheStepThatFailed) {
             if (object == L"") {
                 EXPECT_EQ(Names(), missed);
             } else if (call == L"get Controls" || call == L"get (enumerator)") {
-                // The walk itself. The form alone is done: three controls of four, and two widths, are not.
+                // The walk itself fails: only the form is done. Three controls keep four properties each, and
+                // two keep their widths.
                 EXPECT_EQ(14u, missed.size()) << what;
                 EXPECT_FALSE(missed.contains(L"form.Caption") || missed.contains(L"form.BackColor")) << what;
             } else if (call == L"next") {
@@ -142,13 +143,13 @@ TEST_F(LangueFailingForms, loadingMissesOnlyTheStepThatFailed) {
                 const bool isColour = call.ends_with(L"BackColor") || call.ends_with(L"Tag");
                 EXPECT_EQ(Names{isColour ? L"form.BackColor" : L"form.Caption"}, missed) << what;
             } else if (object == L"opt" && call == L"get Index") {
-                // Its texts are then looked for under the name alone.
+                // Its texts are then looked up without an index.
                 EXPECT_EQ((Names{L"opt.Caption", L"opt.Text", L"opt.ToolTipText"}), missed) << what;
             } else if (object == L"lbl" || object == L"opt" || object == L"chk") {
                 EXPECT_LE(missed.size(), 1u) << what;
                 for (const auto& name : missed) EXPECT_TRUE(name.starts_with(object + L'.')) << what;
             } else {
-                // What measures: one control keeps its width, or takes that of the wrong scale.
+                // A measuring object fails: one control keeps its width, or gets a width in the wrong scale.
                 EXPECT_LE(missed.size(), 1u) << what;
                 EXPECT_EQ(missed.size(), howMany(missed, L".Width")) << what;
             }
@@ -161,7 +162,7 @@ TEST_F(LangueFailingForms, savingMissesOnlyTheTextThatFailed) {
     Intercept<decltype(WritePrivateProfileStringA)> write(component.module(), "kernel32.dll",
                                                           "WritePrivateProfileStringA");
     write.answer([&](LPCSTR section, LPCSTR key, LPCSTR value, LPCSTR) {
-        // Without a key this would delete a section, without a value a key.
+        // Without a key this call would delete a section, without a value a key.
         EXPECT_STREQ("frmMain", section);
         EXPECT_NE(nullptr, key);
         EXPECT_NE(nullptr, value);
@@ -205,7 +206,7 @@ TEST_F(LangueFailingForms, aHostThatFailsForGoodEndsThem) {
             load(form);
             run(L"LngFormSave", {object(&form.form), text(L"NEW")});
             form.expectNothingHeld();
-            // A walk that fails again and again is given up.
+            // A walk that keeps failing ends.
             EXPECT_LE(failing.log().size(), 400u) << narrow(broken);
         }
     }
@@ -238,7 +239,7 @@ TEST_F(LangueFailingForms, onlyFailuresInARowEndTheWalk) {
     std::vector<Variant> items(120, object(&form.controls[1]));
     items.push_back(object(&last));
     form.list.items(items, ScriptedObject::Walk::byEnumerator);
-    // The enumerator, an item, and from then on a failure before each.
+    // After the enumerator and one item, every other call fails.
     for (int failing = 3; failing <= 2 * 120 + 1; failing += 2)
         form.list.failCall(failing, RPC_E_DISCONNECTED);
     load(form);
@@ -258,7 +259,7 @@ TEST_F(LangueFailingForms, aColourWithoutASignOverflowsNowhere) {
     Intercept<decltype(VariantChangeTypeEx)> convert(component.module(), "oleaut32.dll",
                                                      "VariantChangeTypeEx");
     convert.answer([&](VARIANTARG* to, VARIANTARG* from, LCID locale, USHORT flags, VARTYPE type) {
-        // Windows refuses what has no place in a signed number; other systems let it wrap.
+        // Windows refuses an unsigned number that does not fit a signed one; other systems let it wrap.
         if (from->vt == VT_UI4 && from->ulVal > INT32_MAX && type == VT_I4) return DISP_E_OVERFLOW;
         return convert.callOriginal(to, from, locale, flags, type);
     });
@@ -282,7 +283,7 @@ TEST_F(LangueFailingForms, resizingTellsItsCaller) {
             if (outcome.code != S_OK) {
                 expectError(outcome, 381);
                 ++failed;
-                // The caption is the last step: whatever failed, it has not been given.
+                // The caption is set last: whatever failed, it is not set.
                 EXPECT_EQ(L"old", textIn(form.controls[2], L"Caption"));
             } else {
                 EXPECT_EQ(L"été", textIn(form.controls[2], L"Caption"));
@@ -291,7 +292,7 @@ TEST_F(LangueFailingForms, resizingTellsItsCaller) {
         }
         EXPECT_EQ(count, failed) << narrow(name);
     }
-    // What the objects lack.
+    // A property that the objects lack.
     for (const wchar_t* property : {L"Font", L"Container", L"Width"}) {
         Form form;
         fill(form);
@@ -321,7 +322,7 @@ TEST_F(LangueFailingForms, whatIsNoForm) {
             run(L"LngFormSave", {frm, text(L"NEW")});
         }
     }
-    // Without a label nothing is measured; the rest is done.
+    // Without a label no width changes; everything else is done.
     run(L"LngFormLoad", {object(&form.form), nothing()});
     EXPECT_EQ((Names{L"opt.Width", L"chk.Width"}), unchanged(form));
     EXPECT_EQ(DISP_E_TYPEMISMATCH, call(L"LngFormLoad", {text(L"frmMain"), nothing()}).code);
@@ -375,8 +376,7 @@ TEST_F(LangueFailingForms, eachNameIsLookedUpOnce) {
     fill(form);
     load(form);
     for (const auto& [name, object] : objectsOf(form)) {
-        // The shared questions about containers are asked anew, of the container and of the one that
-        // measures.
+        // The container, and the objects that measure, are asked again for each control.
         if (name == L"container" || name == L"measuring") continue;
         std::map<std::wstring, int> lookups;
         for (const auto& line : object->log())
@@ -386,7 +386,7 @@ TEST_F(LangueFailingForms, eachNameIsLookedUpOnce) {
     }
 }
 
-// Without memory for one thing or another the rest is still done, and nobody hears of it.
+// When one allocation fails, everything else is still done, and no error is reported.
 TEST_F(LangueFailingForms, withoutMemory) {
     Form form;
     fill(form);

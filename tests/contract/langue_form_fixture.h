@@ -13,8 +13,8 @@ inline constexpr std::int32_t marked = 0x123456, themed = 0x00C0FFC0, tabs = 0x0
 
 inline Variant colour(std::int32_t value) { return value; }
 
-/// A form with controls, the label that measures, and a window with or without a title bar. Lengths are twips
-/// for the form, pixels of 15 twips for the label.
+/// A form with controls, a label for measuring, and a window with or without a title bar. Lengths are twips
+/// for the form, and pixels of 15 twips for the label.
 class Form {
 public:
     explicit Form(DWORD style = WS_OVERLAPPEDWINDOW)
@@ -43,7 +43,7 @@ public:
     Form(const Form&) = delete;
     ~Form() { DestroyWindow(window_); }
 
-    /// A control of this class with the properties that every one has.
+    /// Adds a control of this class with the properties that all controls have.
     ScriptedObject& add(const wchar_t* className, const wchar_t* name) {
         auto& control = controls.emplace_back();
         control.className(className)
@@ -59,7 +59,7 @@ public:
         return add(className, name).property(L"Caption", text(caption));
     }
 
-    /// To be called when all controls are there.
+    /// Call this after all controls are added.
     void complete() {
         std::vector<Variant> items;
         for (auto& control : controls) items.push_back(object(&control));
@@ -75,7 +75,7 @@ public:
         EXPECT_EQ(0, label.references());
     }
 
-    // Whoever refers to another stands behind it, and goes before it.
+    // An object that refers to another is declared after it and destroyed before it.
     ScriptedObject font, container, measuring, label;
     std::deque<ScriptedObject> controls;
     ScriptedObject list, form;

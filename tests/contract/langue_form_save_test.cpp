@@ -40,7 +40,7 @@ TEST_F(LangueSaving, whatAFormSaysGoesIntoItsSection) {
         "optMode#0#Caption=Simple\r\noptMode#32767#Caption=Avanc\xE9\r\nnumber#Caption=12\r\n"
         "[Messages]\r\nm=message\r\n",
         bytesOf(file));
-    // The language in use is still the other one, and has no file.
+    // The other language is still in use, and has no file.
     EXPECT_EQ(languages + L"\\ENG.lng", textOf(L"LngGetFileName"));
     EXPECT_FALSE(TemporaryFolder::exists(languages + L"\\ENG.lng"));
     form.expectNothingHeld();
@@ -58,7 +58,7 @@ TEST_F(LangueSaving, aFileIsMadeByItsFirstText) {
     form.form.value(L"Caption") = text(L"x");
     save(form, L"NEW");
     EXPECT_EQ("[frmMain]\r\nfrmMain#Caption=x\r\n", bytesOf(languages + L"\\NEW.lng"));
-    // Without a title bar too: it is what the form says, not what is seen.
+    // Also without a title bar: the property counts, not what is visible.
     Form bare(WS_POPUP);
     bare.complete();
     save(bare, L"BARE");
@@ -77,7 +77,7 @@ TEST_F(LangueSaving, whatReachesTheSystem) {
             std::string("WritePrivateProfileStringA(\"frmMain\", \"frmMain#Caption\", \"Fiche\", \"") + file +
             "\")"};
     };
-    // A language needs a name; none has to be selected, and then the file has no folder.
+    // The language needs a name. No language has to be selected, but then the file has no folder.
     save(form, L"");
     EXPECT_TRUE(form.form.log().empty());
     save(form, L"NEW");
@@ -86,7 +86,8 @@ TEST_F(LangueSaving, whatReachesTheSystem) {
     log.clear();
     save(form, L"NEW");
     EXPECT_EQ(written("C:\\App\\Languages\\NEW.lng"), log);
-    // Beside the language in use, wherever that is; when none is, the known folder does not count.
+    // In the folder of the language in use, wherever that is. When no language is selected, the folder of the
+    // language files does not count.
     run(L"LngSetFileName", {text(L"C:\\App"), text(L"nord\\ENG")});
     log.clear();
     save(form, L"NEW");
@@ -100,7 +101,7 @@ TEST_F(LangueSaving, whatReachesTheSystem) {
     EXPECT_EQ(CallLog(), log);
 }
 
-// What the text of a label becomes when it is saved and loaded again; "design" when nothing is left of it.
+// The text of a label after it was saved and loaded again; "design" when nothing is left of it.
 class LangueRoundTrip : public LangueSaving {
 protected:
     std::vector<std::wstring> thereAndBack(const std::vector<std::wstring>& texts) {
@@ -166,7 +167,7 @@ TEST_F(LangueRoundTrip, textsThatItDoesNotHold) {
         std::wstring text, back;
     };
     const std::vector<Row> rows = {
-        // Surrounding blanks, and quotes around all of it, are the reader's.
+        // The reader drops surrounding blanks, and quotes around the whole text.
         {L" a", L"a"},
         {L"a ", L"a"},
         {L"  a b  ", L"a b"},
@@ -176,8 +177,8 @@ TEST_F(LangueRoundTrip, textsThatItDoesNotHold) {
         {L"\" a \"", L"a"},
         {L"\"\"", L"design"},
         {L"\"'a'\"", L"'a'"},
-        // Tabs around a text are blanks to the system, which reads and writes it, but none to the trimming
-        // behind it: inside quotes they stay.
+        // The system, which reads and writes the file, drops tabs around a text. The trimming afterwards does
+        // not, so tabs inside quotes stay.
         {L"\ta", L"a"},
         {L"a\t", L"a"},
         {L"\t a b \t", L"a b"},

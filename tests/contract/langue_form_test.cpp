@@ -48,7 +48,7 @@ TEST_F(LangueForms, textsArePutOnAFormAndItsControls) {
     EXPECT_EQ(L"Votre nom", textIn(name, L"ToolTipText"));
     EXPECT_EQ(L"Simple", textIn(first, L"Caption"));
     EXPECT_EQ(L"Advanced", textIn(second, L"Caption"));
-    // Nothing, or nothing that it has: the design-time text stays.
+    // No translation, or an empty one: the design-time text stays.
     EXPECT_EQ(L"design", textIn(empty, L"Caption"));
     EXPECT_EQ(L"design", textIn(label, L"Caption"));
     EXPECT_EQ(0u, label.logged(L"put Caption") + label.logged(L"put Text") + frame.logged(L"put Caption"));
@@ -225,7 +225,7 @@ TEST_F(LangueForms, coloursOfControls) {
             EXPECT_EQ(row.after, numberIn(control, L"BackColor")) << narrow(row.className) << narrow(row.tag);
         }
     }
-    // A colour without a sign is the same colour.
+    // An unsigned colour is the same colour.
     Variant unsignedFace;
     unsignedFace.put()->vt = VT_UI4;
     unsignedFace.put()->ulVal = 0x8000000F;
@@ -293,7 +293,7 @@ TEST_F(LangueForms, resizingFollowsTheContainersScale) {
         check.value(L"Container") = Variant();
     }
     {
-        // Whatever the label calls its text, it is what the label stands for.
+        // The text is set through the label's default property, whatever its name.
         Form form;
         auto& option = form.add(L"OptionButton", L"opt", L"x");
         ScriptedObject otherLabel;

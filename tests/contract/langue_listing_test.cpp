@@ -1,4 +1,4 @@
-// The list of the languages that have files, and the host's lists that it goes into.
+// The list of the languages that have files, and the host's lists that it fills.
 #include <algorithm>
 #include <map>
 
@@ -66,8 +66,8 @@ TEST_F(LangueListing, languagesThatHaveFiles) {
     application.file(L"Languages\\notes.txt", "[System]\r\nNameISO=none\r\n");
     application.folder(L"Languages\\DIR.lng");
     select(L"DEU");
-    // In the system's order, which is the same for names and codes; nothing is unescaped, and nobody else's
-    // name stands in for a missing one.
+    // The order is the system's, the same for names and codes. Names are not unescaped, and a missing one is
+    // not taken from the default language.
     const auto found = textsIn(present(codes));
     EXPECT_EQ((Texts{L"ENG", L"FRA", L"x.y"}), sorted(found));
     Texts expectedNames;
@@ -111,7 +111,7 @@ TEST_F(LangueListing, aFolderWithoutLanguages) {
         added = {L"old"};
         expectUnallocated(present(listOfNames, &list));
         EXPECT_EQ(Texts(), added);
-        // Nobody to fill, and nothing to fill him with.
+        // No list is given and there are no files.
         expectUnallocated(present(listOfNames));
         // Nor is there such a folder.
         run(L"LngSetFileName", {text(L"Q:\\rien"), text(L"ENG")});
@@ -178,7 +178,7 @@ TEST_F(LangueListing, theListsFailuresReachTheCaller) {
             added = {L"old"};
             list.failCallWithNumber(failing, 381);
             expectError(present(kind, &list), 381);
-            // What was there before the failure is there after it.
+            // Items that were added before the failure stay.
             EXPECT_EQ(failing == 3 ? 1u : failing == 2 ? 0u : 1u, added.size());
             EXPECT_EQ(failing == 1, added == Texts{L"old"});
         }

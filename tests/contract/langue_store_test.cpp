@@ -1,4 +1,4 @@
-// Which language is in use: one for each thread, gone with the thread or with the component.
+// The language in use: one for each thread, freed with the thread or with the component.
 #include <atomic>
 #include <optional>
 
@@ -13,7 +13,7 @@ TEST_F(Langue, instancesOfAThreadShareTheLanguage) {
     EXPECT_EQ(languages + L"\\ENG.lng", viewOf(invoke(second.get(), L"LngGetFileName").result.raw().bstrVal));
     EXPECT_EQ(S_OK, invoke(second.get(), L"LngSetLanguage", {text(L"")}).code);
     EXPECT_EQ(L"", textOf(L"LngGetFileName"));
-    // Objects come and go, the language stays.
+    // The language outlives the objects.
     select(L"FRA");
     component.create(numberOfLangue);
     EXPECT_EQ(languages + L"\\FRA.lng", textOf(L"LngGetFileName"));
@@ -33,7 +33,7 @@ TEST_F(Langue, twoThreadsHoldTwoLanguages) {
         before = answered(other, L"LngGetFileName");
         invoke(other.get(), L"LngSetFileName", {text(application.path()), text(L"FRA")});
         during = answered(other, L"LoadMsgLng", {text(L"m")});
-        // The object of the other thread, called from this one: what counts is the thread.
+        // The other thread's object, called from this thread: the calling thread counts, not the object.
         meanwhile = answered(Dispatch((langue->AddRef(), langue.get())), L"LoadMsgLng", {text(L"m")});
     });
     EXPECT_EQ(L"", before);
@@ -41,7 +41,7 @@ TEST_F(Langue, twoThreadsHoldTwoLanguages) {
     EXPECT_EQ(L"français", meanwhile);
     EXPECT_EQ(L"english", textOf(L"LoadMsgLng", {text(L"m")}));
 
-    // At the same time, many times over.
+    // Many calls at the same time.
     std::atomic<int> wrong{0};
     const auto askAgainAndAgain = [&](const wchar_t* code, const wchar_t* message) {
         const auto mine = component.create(numberOfLangue);
@@ -55,8 +55,8 @@ TEST_F(Langue, twoThreadsHoldTwoLanguages) {
     EXPECT_EQ(0, wrong);
 }
 
-// What is allocated from every heap of the process. Unlike the pages that the process holds, this does not
-// count the gaps between blocks.
+// The bytes allocated from all heaps of the process. Unlike the pages that the process holds, this does not
+// count gaps between blocks.
 SIZE_T allocatedBytes() {
     HANDLE heaps[64];
     const DWORD count = GetProcessHeaps(64, heaps);
@@ -72,8 +72,8 @@ SIZE_T allocatedBytes() {
     return bytes;
 }
 
-// A watched heap keeps freed blocks for a while, to see who writes into them, and counts them as allocated.
-// Each that it takes in pushes another out, mostly a smaller one.
+// Whether the heap is being checked. A checked heap keeps freed blocks for a while, to detect writes into
+// them, and counts them as allocated. Each block that it takes in pushes another out, mostly a smaller one.
 bool heapKeepsFreedBlocks() {
     constexpr SIZE_T size = 100'000;
     constexpr int blocks = 20;
@@ -82,7 +82,7 @@ bool heapKeepsFreedBlocks() {
     return allocatedBytes() >= before + blocks / 2 * size;
 }
 
-// For what the system itself keeps.
+// Room for what the system itself keeps.
 constexpr SIZE_T slack = 64 * 1024;
 
 TEST_F(Langue, anEndingThreadLeavesNothing) {
@@ -112,8 +112,8 @@ TEST(LangueUnloading, theModuleTakesEveryThreadsLanguageAlong) {
     useAndUnload();
     EXPECT_EQ(nullptr, GetModuleHandleW(L"Vorla6.dll"));
     const auto before = allocatedBytes();
-    // More often than a process has places for threads' values. Neither they nor the language runtime's own
-    // memory may stay behind.
+    // More often than a process has slots for threads' values. Neither the slots nor the C++ runtime's memory
+    // may be lost.
     for (int i = 0; i < 1200; ++i) useAndUnload();
     EXPECT_LE(allocatedBytes(), before + slack);
 }
@@ -137,7 +137,7 @@ TEST(LangueUnloading, aThreadMayOutliveTheModule) {
         EXPECT_EQ(WAIT_OBJECT_0, WaitForSingleObject(used, 20'000));
         EXPECT_EQ(S_OK, component->canUnloadNow());
         component.reset();
-        // Nothing of the thread's keeps it, and nothing of it runs when the thread ends.
+        // The thread's state does not keep the module loaded, and none of its code runs when the thread ends.
         EXPECT_EQ(nullptr, GetModuleHandleW(L"Vorla6.dll"));
         SetEvent(go);
     }

@@ -1,4 +1,4 @@
-// Language files that are none, a system that refuses, and what is left behind.
+// Invalid language files, refusals of the system, and leaks.
 #include <algorithm>
 
 #include "contract/langue_fixture.h"
@@ -17,7 +17,7 @@ TEST_F(Langue, valuesEndWhereTheReadersBufferDoes) {
     for (const int length : {1024, 1025, 1026, 1027, 5000})
         content += L"m" + std::to_wstring(length) + L"=" +
                    std::wstring(static_cast<std::size_t>(length), L'x') + L"\r\n";
-    // A group that does not fit whole is no group.
+    // A group that does not fit completely is not a group.
     content += L"cut=" + std::wstring(1023, L'x') + L"\u00FF{l}\r\n";
     languageFile(L"ENG", content);
     select(L"ENG");
@@ -75,17 +75,17 @@ TEST_F(Langue, filesFromHell) {
 }
 
 TEST_F(Langue, whatCannotBeWrittenGoesUnnoticed) {
-    // No folder: nothing is made.
+    // Without the folder, no file is created.
     run(L"LngSetFileName", {text(application.path(L"rien")), text(L"ENG")});
     run(L"LngSaveMsg", {text(L"m"), text(L"x")});
     EXPECT_FALSE(TemporaryFolder::exists(application.path(L"rien")));
     EXPECT_EQ(marker, textOf(L"LoadMsgLng", {text(L"m")}));
-    // A folder under the file's name.
+    // A folder with the name of a language file.
     application.folder(L"Languages\\DIR.lng");
     select(L"DIR");
     run(L"LngSaveMsg", {text(L"m"), text(L"x")});
     EXPECT_EQ(marker, textOf(L"LoadMsgLng", {text(L"m")}));
-    // A file that its owner keeps to himself.
+    // A file that is not shared.
     const auto file = languageFile(L"ENG", L"[Messages]\r\nm=one\r\n");
     select(L"ENG");
     {
@@ -95,7 +95,7 @@ TEST_F(Langue, whatCannotBeWrittenGoesUnnoticed) {
         EXPECT_EQ(marker, textOf(L"LoadMsgLng", {text(L"m")}));
     }
     EXPECT_EQ(L"one", textOf(L"LoadMsgLng", {text(L"m")}));
-    // A read-only one can be read. Whether it can be written depends on who asks.
+    // A read-only file can be read. Whether it can be written depends on the user.
     EXPECT_TRUE(SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_READONLY));
     EXPECT_EQ(L"one", textOf(L"LoadMsgLng", {text(L"m")}));
     run(L"LngSaveMsg", {text(L"n"), text(L"two")});
@@ -110,7 +110,7 @@ TEST_F(Langue, whatReachesTheSystem) {
                                                           "WritePrivateProfileStringA", &log);
     read.answer([](LPCSTR, LPCSTR, LPCSTR, LPSTR, DWORD, LPCSTR) { return DWORD{0}; });
     write.answer([](LPCSTR, LPCSTR, LPCSTR, LPCSTR) { return FALSE; });
-    // Without a language there is no file: one without a name would be a file of the system's own.
+    // Without a language there is no file. The system would take an empty name for a file of its own.
     EXPECT_EQ(L"**********", textOf(L"LoadMsgLng", {text(L"m")}));
     EXPECT_EQ(L"", textOf(L"LoadCtlLng", {text(L"frmMain"), text(L"opt"), long32(2)}));
     EXPECT_EQ(L"", textOf(L"LngSpecialInfos", {long32(2)}));
@@ -131,7 +131,7 @@ TEST_F(Langue, whatReachesTheSystem) {
         // A commented key is never written, only deleted.
         "WritePrivateProfileStringA(\"Messages\", \";m\", null, \"C:\\App\\Languages\\ENG.lng\")"};
     EXPECT_EQ((CallLog{reads("ENG.lng"), reads("FRA.lng"), writes[0], writes[1]}), log);
-    // Empty keys reach nobody.
+    // Empty keys are not passed to the system.
     log.clear();
     for (const wchar_t* key : {L"", L"  "}) textOf(L"LoadMsgLng", {text(key)});
     textOf(L"LngSpecialInfos", {long32(0)});
@@ -140,7 +140,7 @@ TEST_F(Langue, whatReachesTheSystem) {
     EXPECT_EQ(CallLog(), log);
 }
 
-// One call of a member: the right answer, and those that a failure of the system may give instead.
+// A call of a member: its right answer, and those that it may give when the system fails.
 struct Call {
     const wchar_t* name;
     Arguments arguments;
@@ -194,7 +194,7 @@ protected:
     void expectHarmless(const char* dll, const char* function, auto result) {
         int failing = 1;
         for (bool failed = true; failed; ++failing) {
-            // A thread of its own begins without a store, so that making it can fail too.
+            // A new thread begins without a store, so that making the store can fail too.
             const auto expected = calls();
             std::vector<std::wstring> seen;
             int made = 0;
@@ -213,7 +213,7 @@ protected:
             failed = failing <= made;
             ASSERT_EQ(expected.size(), seen.size());
             for (std::size_t i = 0; i < seen.size(); ++i) {
-                // What a first failure lost, the calls behind it lack: a folder, a language.
+                // A failure can lose the folder or the language, and the following calls then lack it.
                 const auto& [name, arguments, right, others] = expected[i];
                 const bool neutral = std::find(others.begin(), others.end(), seen[i]) != others.end();
                 EXPECT_TRUE(seen[i] == right || neutral) << function << " call " << failing << ": "
@@ -223,7 +223,7 @@ protected:
                 }
             }
         }
-        // It was called at all.
+        // The function must be called at all.
         EXPECT_GT(failing, 2) << function;
     }
 };
@@ -243,7 +243,7 @@ TEST_F(LangueFailures, everySystemCallFailingInTurn) {
                                                     static_cast<SAFEARRAY*>(nullptr));
 }
 
-// The component's own memory failing: looked-up texts are missing or their plain self, and only the members
+// The component's own allocations fail: looked-up texts are missing or stay unprocessed, and only the members
 // that may fail do.
 TEST_F(LangueFailures, withoutMemory) {
     select(L"ENG");
@@ -294,7 +294,7 @@ TEST_F(Langue, callsLeaveNothing) {
         call(L"LngGetFileName");
         call(L"LngSpecialInfos", {long32(1), true});
         call(L"lngMesNull");
-        // Those that go to the disk, less often.
+        // Fewer calls of those that go to the disk.
         if (i % 100 != 0) return;
         call(L"LoadMsgLng", {text(L"m"), true, text(L"a"), nullValue()});
         call(L"LoadCtlLng", {text(L"f"), text(L"c"), long32(0), short16(1), true, text(L"a")});

@@ -1,4 +1,4 @@
-// VorlaLangue with real language files: the language in use, what is looked up, and what is written.
+// VorlaLangue with real language files: the language in use, lookups, and writing.
 #include "contract/langue_fixture.h"
 #include "contract/signatures.h"
 #include "support/scripted_object.h"
@@ -73,7 +73,7 @@ TEST_F(Langue, fixedWordsNeverChange) {
         EXPECT_EQ(L"Languages\\", textOf(L"PathOfLang"));
         select(L"ENG");
     }
-    // Nobody can write them.
+    // They cannot be written.
     EXPECT_EQ(DISP_E_MEMBERNOTFOUND,
               invoke(langue.get(), L"lngMesNull", Arguments().named(DISPID_PROPERTYPUT, text(L"x")),
                      DISPATCH_PROPERTYPUT)
@@ -89,7 +89,7 @@ TEST_F(Langue, fileNamesAreMadeOfTheApplicationsPathAndTheCode) {
         EXPECT_EQ(L"C:\\App\\Languages\\ENG.lng", textOf(L"LngGetFileName"));
         EXPECT_EQ(L"C:\\App\\Languages\\ENG.stu", textOf(L"LngGetFileNameStatus"));
     }
-    // Nothing is tested, not even whether these are names.
+    // Nothing is checked, not even whether the names are empty.
     run(L"LngSetFileName", {text(L""), text(L"")});
     EXPECT_EQ(L"\\Languages\\.lng", textOf(L"LngGetFileName"));
     EXPECT_EQ(L"\\Languages\\.stu", textOf(L"LngGetFileNameStatus"));
@@ -117,7 +117,7 @@ TEST_F(Langue, aLanguageIsSelectedWhenItHasAFile) {
     languageFile(L"ENG", L"[Messages]\r\nm=hello\r\n");
     languageFile(L"", L"[Messages]\r\nm=nobody\r\n");
     application.folder(L"Languages\\DIR.lng");
-    // Without a folder the file's name is all there is.
+    // Without a folder only the file's name is left.
     expectResult(call(L"LngSetLanguage", {text(L"ENG")}), false);
     EXPECT_EQ(L"", textOf(L"LngGetFileName"));
 
@@ -130,7 +130,7 @@ TEST_F(Langue, aLanguageIsSelectedWhenItHasAFile) {
         expectResult(call(L"LngSetLanguage", {text(code)}), false, narrow(code));
         EXPECT_EQ(languages + L"\\ENG.lng", textOf(L"LngGetFileName"));
     }
-    // The empty code selects none, unless it has a file too.
+    // An empty code deselects the language, unless it has a file too.
     expectResult(call(L"LngSetLanguage", {text(L"")}), true);
     EXPECT_EQ(languages + L"\\.lng", textOf(L"LngGetFileName"));
     EXPECT_TRUE(DeleteFileW((languages + L"\\.lng").c_str()));
@@ -176,10 +176,10 @@ TEST_F(Langue, messagesComeFromTheLanguageThenFromTheDefault) {
     EXPECT_EQ(L"Save %%1 before leaving?\r\nLost =", textOf(L"LoadMsgLng", {text(L"breaks")}));
     EXPECT_EQ(marker, textOf(L"LoadMsgLng", {text(L"x")}));
     EXPECT_EQ(marker, textOf(L"LoadMsgLng", {text(L"absent")}));
-    // No key asks for the names of all of them.
+    // An empty key must not ask for the names of all keys.
     for (const wchar_t* key : {L"", L" ", L"   "}) EXPECT_EQ(marker, textOf(L"LoadMsgLng", {text(key)}));
     EXPECT_EQ(marker, textOf(L"LoadMsgLng", {text(std::wstring(1, L'\0') + L"both")}));
-    // A language without a file is served by the default one alone.
+    // A language without a file takes all texts from the default language.
     select(L"DEU");
     EXPECT_EQ(L"français", textOf(L"LoadMsgLng", {text(L"both")}));
     EXPECT_TRUE(DeleteFileW((languages + L"\\FRA.lng").c_str()));
@@ -199,10 +199,10 @@ TEST_F(Langue, valuesTakeTheirPlaces) {
     EXPECT_EQ(L"1,b,%%3,d,%%5,1",
               textOf(L"LoadMsgLng", {text(L"all"), false, short16(1), text(L"b"), missing(), text(L"d")}));
     EXPECT_EQ(L"x0%x", textOf(L"LoadMsgLng", {text(L"ten"), false, text(L"x")}));
-    // What a value brings is a place for the values after it, not for those before.
+    // Placeholders in a value are replaced by later values and not by earlier ones.
     EXPECT_EQ(L"2,2,%%3,%%4,%%5,2", textOf(L"LoadMsgLng", {text(L"all"), false, text(L"%%2"), text(L"2")}));
     EXPECT_EQ(L"a,%%1,%%3,%%4,%%5,a", textOf(L"LoadMsgLng", {text(L"all"), false, text(L"a"), text(L"%%1")}));
-    // By name, in a variable, as whatever the user's settings make of it.
+    // Named, in a variable, and of any type that converts by the user's settings.
     Variant variable(2.5);
     EXPECT_EQ(isFrench() ? L"&Ouvrir 2,5" : L"&Ouvrir 2.5",
               textOf(L"LoadMsgLng", Arguments({text(L"open")}).named(2, byReference(variable))));
@@ -212,7 +212,7 @@ TEST_F(Langue, valuesTakeTheirPlaces) {
     ScriptedObject standsForText{text(L"objet")};
     EXPECT_EQ(L"&Ouvrir objet", textOf(L"LoadMsgLng", {text(L"open"), false, object(&standsForText)}));
     EXPECT_EQ(0, standsForText.references());
-    // What has no text leaves its place, and the others take theirs.
+    // A value without a text leaves its placeholder, and the others replace theirs.
     ScriptedObject dumb;
     Variant array;
     array.put()->parray = SafeArrayCreateVector(VT_VARIANT, 0, 1);
@@ -224,11 +224,11 @@ TEST_F(Langue, valuesTakeTheirPlaces) {
         EXPECT_EQ(L"%%1,b,%%3,%%4,%%5,%%1", textOf(L"LoadMsgLng", {text(L"all"), false, value, text(L"b")}))
             << describe(value.raw());
     }
-    // What a host hands on that it was not given itself is left out too.
+    // A missing argument that a host passes on is left out too.
     Variant handedOn = missing();
     EXPECT_EQ(L"%%1,b,%%3,%%4,%%5,%%1",
               textOf(L"LoadMsgLng", {text(L"all"), false, byReference(handedOn), text(L"b")}));
-    // The marker is a message like any other.
+    // The marker is treated like any other message.
     EXPECT_EQ(marker, textOf(L"LoadMsgLng", {text(L"absent"), true, text(L"x")}));
     const std::wstring million(1'000'000, L'm');
     EXPECT_EQ(L"&Ouvrir " + million, textOf(L"LoadMsgLng", {text(L"open"), false, text(million)}));
@@ -319,7 +319,7 @@ TEST_F(Langue, messagesAreWrittenIntoTheLanguageInUse) {
     EXPECT_EQ("[Messages]\r\nm=two\xFF{l}lines =\r\nn=\xE9t\xE9\r\n", bytesOf(file));
     EXPECT_EQ(L"two\r\nlines =", textOf(L"LoadMsgLng", {text(L"m")}));
     EXPECT_FALSE(TemporaryFolder::exists(languages + L"\\FRA.lng"));
-    // No language, nothing written.
+    // Without a language nothing is written.
     expectResult(call(L"LngSetLanguage", {text(L"")}), false);
     save(L"m", L"three");
     EXPECT_EQ("[Messages]\r\nm=two\xFF{l}lines =\r\nn=\xE9t\xE9\r\n", bytesOf(file));

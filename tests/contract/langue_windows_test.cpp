@@ -34,7 +34,7 @@ class LangueWindows : public Langue {
 protected:
     LangueWindows() { label.put(L"AutoSize", true), label.put(L"Visible", false); }
     ~LangueWindows() override {
-        // Nobody keeps what he was given.
+        // No member may keep a reference to an object that it was given.
         const HostReference<forms::Form> kept(&form);
         form.unload();
         kept.get()->AddRef();
@@ -159,7 +159,7 @@ TEST_F(LangueWindows, aTitleNeedsATitleBar) {
             << static_cast<int>(border);
         one.unload();
     }
-    // The title is the form's own, whoever lends the controls their texts.
+    // The title comes from the form's own section, even if another form's texts are used for the controls.
     auto& check = form.add<CheckBox>({.name = L"chk", .text = L"Trier"});
     load({false, false, text(L"frmAutre")});
     EXPECT_EQ(L"Own", caption(form));
@@ -215,7 +215,7 @@ TEST_F(LangueWindows, coloursArePaintedByTheirTags) {
                 << name;
         }
         EXPECT_EQ(applies ? static_cast<COLORREF>(themed) : GetSysColor(COLOR_BTNFACE), painted(form));
-        // A form that keeps out of the theme is reset; its controls are themed all the same.
+        // A form that is excluded from the theme is reset; its controls are themed all the same.
         form.put(L"Tag", L"hors **C** thème");
         form.put(L"BackColor", std::int32_t{marked});
         load({true});
@@ -371,7 +371,7 @@ TEST_F(LangueWindows, savingMakesTheFileAndLeavesTheFormAlone) {
     EXPECT_FALSE(TemporaryFolder::exists(languages + L"\\FRA.lng"));
 }
 
-// A form on which everything that can be done is done.
+// A form on which every step has something to do.
 class LangueFailingHost : public LangueWindows {
 protected:
     using State = std::map<std::wstring, std::wstring>;  // "chk.Caption" and what it is
@@ -416,7 +416,7 @@ protected:
         };
         note(form, {L"Caption", L"BackColor"});
         for (const auto& control : form.controls()) {
-            // The label is a tool, and what is left in it nobody's concern.
+            // The label only measures; its final state does not matter.
             if (control.get() == &label) continue;
             note(*control.get(), {L"BackColor", L"Width", L"ToolTipText"});
             if (control.get() != &picture)
@@ -478,8 +478,8 @@ TEST_F(LangueFailingHost, loadingGoesOnBehindAnyFailingCall) {
         load();
         const auto line = n <= made.size() ? made[n - 1] : L"none";
         SCOPED_TRACE(std::to_string(n) + " " + narrow(line));
-        // What is not done stays as it was designed, and is of one object: the one that failed, or the one
-        // whose text was measured.
+        // A property that was not set keeps its design-time value. All such properties belong to one object:
+        // the one that failed, or the one whose text was measured.
         std::set<std::wstring> damaged;
         const auto now = state();
         for (const auto& [property, value] : now) {
@@ -540,7 +540,7 @@ TEST_F(LangueFailingHost, savingGoesOnBehindAnyFailingCall) {
         EXPECT_LE(missing, isList ? complete.size() : 1u);
         for (const auto& one : written) {
             if (complete.contains(one)) continue;
-            // An index that cannot be read is none.
+            // An index that cannot be read counts as no index.
             EXPECT_EQ(L"Index", member) << one;
             EXPECT_EQ(0u, one.find(name + "#")) << one;
         }
@@ -569,10 +569,10 @@ TEST_F(LangueFailingHost, resizingTellsItsFailures) {
         }
         expectError(outcome, 76);
         EXPECT_EQ(L"dessin", caption(*option));
-        // The caption is the last thing; before it the width is there or not.
+        // The caption is set last; the width before it is set or not.
         EXPECT_EQ(line == L"put optMode(1).Caption" ? resized : 300, width(*option));
     }
-    // A label that has no font, or that is none.
+    // A label without a font, or an object that is not a label.
     design();
     label.removeMember(L"Font");
     expectError(resize(*option, L"Vite"), 438);

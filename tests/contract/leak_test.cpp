@@ -1,4 +1,4 @@
-// Nothing is left behind: memory of the task allocator, handles, working set, and the host's own state.
+// Checks that nothing leaks: memory of the task allocator, handles, working set, and the host's own state.
 #include <psapi.h>
 
 #include <cfloat>

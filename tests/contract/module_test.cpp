@@ -134,7 +134,7 @@ struct Work {
     LONG failures = 0;
 };
 
-// Expectations belong to the test's own thread, so the others count what went wrong.
+// Expectations belong to the test's own thread, so other threads count their failures.
 DWORD WINAPI loadCallUnload(void* parameter) {
     auto& work = *static_cast<Work*>(parameter);
     if (FAILED(CoInitializeEx(nullptr, work.apartment))) return 1;

@@ -1,5 +1,5 @@
-// VorlaNumérique where the system has a say: the decimal sign and variants of every type, and the account
-// key with its two messages. The steps of the key alone are tested with its rule.
+// VorlaNumérique where results depend on the system: the decimal sign, variants of every type, and the
+// account key with its two messages. The steps of the key are tested with its rule.
 #include <random>
 
 #include "contract/component.h"
@@ -23,7 +23,7 @@ protected:
     const Dispatch object = component.create(1);
 };
 
-// The user's sign, and the one that he does not use.
+// own() uses the user's decimal sign, foreign() the other one.
 std::wstring own(std::wstring text) {
     for (auto& character : text)
         if (character == L'*') character = isFrench() ? L',' : L'.';
@@ -73,7 +73,7 @@ TEST_F(Numérique, theSystemsSignReplacesTheFirstForeignOne) {
         {L"12", L"12"},
         {L" 12 ", L"12"},
         {L"-12", L"-12"},
-        {L"5-", L"5-"},  // a trailing minus is one too
+        {L"5-", L"5-"},  // a trailing minus counts too
         // Unchanged, blanks included.
         {own(L"12*5"), own(L"12*5")},
         {own(L" 12*5 "), own(L" 12*5 ")},
@@ -110,13 +110,13 @@ TEST_F(Numérique, aZeroAmountIsBlankOnDemand) {
     expectResult(call(L"NumFrmtSys", {text(L"0"), true}), text(L"0"));
     expectResult(call(L"NumFrmtSys", {text(L"0")}), text(L"0"));
     expectResult(call(L"NumFrmtSys", {text(L"3"), false}), text(L"3"));
-    // However little, and below zero, an amount is one.
+    // An amount that is very small or negative is not zero.
     for (const wchar_t* little : {L"0*01", L"0*0001", L"-0*0001", L"-3*5"})
         expectResult(call(L"NumFrmtSys", {text(foreign(little)), false}), text(own(little)), narrow(little));
     expectResult(call(L"NumFrmtSys", {short16(-3), false}), short16(-3));
     // Less than a ten-thousandth is zero to a currency.
     expectResult(call(L"NumFrmtSys", {text(foreign(L"0*00001")), false}), text(L""));
-    // What is in the system's form already is not looked at.
+    // An amount that is already in the system's form is returned unchanged.
     expectResult(call(L"NumFrmtSys", {text(own(L"0*00")), false}), text(own(L"0*00")));
     expectResult(call(L"NumFrmtSys", {Variant(), false}), Variant());
     expectResult(call(L"NumFrmtSys", {text(L" "), false}), text(L" "));
@@ -175,8 +175,8 @@ TEST_F(Numérique, theSignIsTheUsersOwnAtEachCall) {
         expectResult(call(L"NumFrmtEnr", {12.5}), text(L"12.5"));
     }
     {
-        // Of two characters the first one counts. Whether the amount is then still a number is the system's
-        // own affair, and its answer comes through.
+        // Only the first of two characters counts. The system decides whether the amount is then still a
+        // number, and its answer reaches the caller.
         const ChangedSetting colons(LOCALE_SDECIMAL, L"::");
         wchar_t amount[] = L"12:5";
         CY value;
@@ -249,8 +249,8 @@ TEST_F(Numérique, accountsThatAreNoNumbersCountByTheirLeadingNumbers) {
 TEST_F(Numérique, codesBeyondTheRangeOverflow) {
     expectError(call(L"RIBClé", {text(L"2147483648"), text(L"0"), text(L"0")}), 6);
     expectError(call(L"RIBControle", {text(L"99999999999"), text(L"0"), text(L"0"), text(L"0")}), 6);
-    // 2147483647 = 97 x 22139006 + 65; behind it stand 16 zeros, and 10^16 mod 97 = 62; 65 x 62 mod 97 = 53;
-    // the key of 53 is (97 - 53) x 100 mod 97 = 35.
+    // 2147483647 = 97 x 22139006 + 65; 16 zeros follow, and 10^16 mod 97 = 62; 65 x 62 mod 97 = 53; the key
+    // of 53 is (97 - 53) x 100 mod 97 = 35.
     expectResult(call(L"RIBClé", {text(L"2147483647"), text(L"0"), text(L"0")}), short16(35));
 }
 
@@ -304,7 +304,7 @@ TEST_F(Numérique, tenThousandAccountsAgreeWithTheLongDivision) {
             }
         const int remainder = remainderOf(number);
         zeros += remainder == 0;
-        // Whoever appends the key gets a multiple of 97.
+        // With the key appended, the number must be a multiple of 97.
         int key = 1;
         while (remainderOf(number + static_cast<char>('0' + key / 10) + static_cast<char>('0' + key % 10)) !=
                0)

@@ -86,7 +86,7 @@ TEST(Object, classesWithoutMembersAnswerNoName) {
     EXPECT_EQ(DISP_E_MEMBERNOTFOUND, invoke(object.get(), 0x60030000, DISPATCH_METHOD, none).code);
 }
 
-// The library deletes files and starts programs.
+// Because the library deletes files and starts programs.
 TEST(Object, isNotMarkedSafeForScripting) {
     constexpr IID objectSafety{0xCB5BDC81, 0x93C1, 0x11CF, {0x8F, 0x20, 0x00, 0x80, 0x5F, 0x2C, 0xD0, 0x64}};
     const Component component;

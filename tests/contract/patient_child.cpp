@@ -18,7 +18,7 @@ int wmain(int count, wchar_t** arguments) {
     if (task == L"mark" && count == 3) {
         wchar_t path[MAX_PATH];
         const auto length = GetFullPathNameW(arguments[2], MAX_PATH, path, nullptr);
-        // Who waits for the mark may be looking at the file right now.
+        // The test that waits for the mark may have the file open at this moment.
         constexpr DWORD anybody = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
         const HANDLE file = CreateFileW(path, GENERIC_WRITE, anybody, nullptr, OPEN_EXISTING, 0, nullptr);
         DWORD written = 0;

@@ -1,4 +1,4 @@
-// VorlaRegistre under test, on the user's own registry below a key that each test makes and removes.
+// VorlaRegistre's tests use the user's own registry, below a key that each test makes and removes.
 #pragma once
 
 #include <functional>
@@ -18,7 +18,7 @@ inline constexpr std::int32_t classesRoot = -2147483647 - 1, currentUser = -2147
 inline constexpr std::int32_t regString = 1, regExpandable = 2, regBinary = 3, regNumber = 4;
 inline constexpr HRESULT hostFailure = static_cast<HRESULT>(0x800A01C9);
 
-/// A collection of the host's: it keeps what is added, and knows nothing but Add.
+/// A collection of the host's: it keeps what is added, and has no member but Add.
 class Collection : public ScriptedObject {
 public:
     Collection() {
@@ -69,8 +69,8 @@ protected:
     const TemporaryKey key;
 };
 
-/// The registry's functions as the component calls them, and those that convert its text: counted, answered
-/// or failed by the test, with the balance of the keys that were opened.
+/// The registry's functions as the component calls them, and those that convert its texts. The test counts,
+/// answers or fails them, and checks that every opened key is closed.
 class RegistryCalls {
 public:
     explicit RegistryCalls(HMODULE module) : module_(module) {
@@ -86,7 +86,7 @@ public:
 
     int leftOpen() const { return opened_ - close.calls(); }
 
-    /// One of the functions, to be failed when it is called for the n-th time.
+    /// One of the functions, to be failed at its n-th call.
     struct Function {
         std::string name;
         std::function<void(int)> fail;

@@ -25,7 +25,7 @@ TEST_F(Registre, namesAreAddedToWhatTheCollectionHolds) {
     expected(L"un", {L"avant", L"deux", L"un", L"Été €"});
     expectResult(call(L"RegLireValeurs", {text(key.path()), host}), Variant());
     EXPECT_EQ((Names{L"avant", L"deux", L"un", L"Été €", L"valeur"}), collection.names);
-    // Add is all that is asked of it.
+    // The collection is asked for nothing but Add.
     EXPECT_EQ(4u, collection.logged(L"call Add"));
     EXPECT_EQ(collection.log().size(), collection.logged(L"call Add") + collection.logged(L"lookup Add"));
 }
@@ -95,7 +95,7 @@ TEST_F(Registre, whatTheSystemAnswersIsListed) {
     registry.enumValue.answer([&](HKEY, DWORD index, LPSTR name, LPDWORD length, LPDWORD, LPDWORD, LPBYTE,
                                   LPDWORD) { return answer(index, name, length); });
     for (const wchar_t* member : {L"RegLireCles", L"RegLireValeurs"}) {
-        // One that does not fit is skipped, or what there is of it is listed; the next is asked for.
+        // A name that does not fit is skipped, or its characters so far are listed; the next name follows.
         answers = {
             {0, "un", 2}, {ERROR_MORE_DATA, "", 16384}, {ERROR_MORE_DATA, "morceau", 7}, {0, "deux", 4}};
         EXPECT_EQ((Names{L"un", L"morceau", L"deux"}), listed(member, key.path()));
@@ -103,7 +103,7 @@ TEST_F(Registre, whatTheSystemAnswersIsListed) {
         EXPECT_EQ(16384u, room);
         // Nothing of one name is left for the next.
         EXPECT_EQ(std::string(16384, ' '), before);
-        // Only as many characters as the system says, and never more than there is room for.
+        // As many characters as the system reports, but never more than the buffer holds.
         answers = {{0, "abcdef", 3}, {0, "x", 0}, {ERROR_MORE_DATA, "y", 0xFFFFFFFF}, {0, "a\0b"s, 3}};
         EXPECT_EQ((Names{L"abc", L"y", std::wstring(L"a\0b", 3)}), listed(member, key.path()));
         // Any other status ends the list.

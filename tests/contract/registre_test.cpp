@@ -1,4 +1,4 @@
-// VorlaRegistre: its root, paths and keys, and what reaches the caller when each call of the system fails.
+// VorlaRegistre: its root, paths and keys, and what reaches the caller when a system call fails.
 #include <algorithm>
 
 #include "contract/registre.h"
@@ -33,7 +33,7 @@ TEST_F(Registre, theRootIsEachObjectsOwn) {
     const auto other = component.create(numberOfRegistre);
     expectResult(invoke(other.get(), L"RegClePrimaire"), long32(localMachine));
     expectResult(call(L"RegClePrimaire", {}), long32(currentUser));
-    // The machine's keys are found below it, and not the user's.
+    // The root is HKEY_LOCAL_MACHINE and not the user's.
     expectResult(invoke(other.get(), L"RegExisteClé", {text(L"Software\\Microsoft\\Windows NT")}), true);
     expectResult(invoke(other.get(), L"RegExisteClé", {text(key.path())}), false);
     expectResult(call(L"RegExisteClé", {text(key.path())}), true);
@@ -55,7 +55,7 @@ TEST_F(Registre, theRootIsEachObjectsOwn) {
     expectResult(call(L"RegClePrimaire", {}), long32(currentUser));
 }
 
-// Predefined keys are handles whose sign is extended.
+// The handles of predefined keys are sign-extended.
 TEST_F(Registre, theRootReachesWindowsAsItIs) {
     RegistryCalls registry(component.module());
     HKEY used = nullptr;
@@ -108,11 +108,11 @@ TEST_F(Registre, theRootMayBeAnOpenKey) {
     setRoot(object.get(), long32(static_cast<std::int32_t>(reinterpret_cast<LONG_PTR>(open.get()))));
     expectResult(call(L"RegExisteClé", {text(L"a")}), true);
     EXPECT_EQ(Names{L"a"}, keysOf(L""));
-    // A name as long as any may be, and a longer one.
+    // The longest possible name, and a longer one.
     EXPECT_TRUE(isTrue(L"RegCreerNouvelleCle", {text(longest)}));
     EXPECT_FALSE(isTrue(L"RegCreerNouvelleCle", {text(longest + longest)}));
     EXPECT_EQ((Names{L"a", longest}), keysOf(L""));
-    // It is still the host's.
+    // The host's key is still open.
     HKEY again = nullptr;
     EXPECT_EQ(ERROR_SUCCESS, RegOpenKeyExW(open.get(), L"a", 0, KEY_READ, &again));
     RegCloseKey(again);
@@ -134,7 +134,7 @@ TEST_F(Registre, oneLeadingBackslashDoesNotCount) {
     EXPECT_FALSE(key.exists(L"a"));
 }
 
-// What of a path reaches Windows; what Windows makes of it is its own affair.
+// The part of a path that reaches Windows. What Windows makes of it is not tested.
 TEST_F(Registre, pathsReachWindowsOtherwiseUnchanged) {
     RegistryCalls registry(component.module());
     std::string path;
@@ -176,7 +176,7 @@ TEST_F(Registre, pathsReachWindowsOtherwiseUnchanged) {
         expectPath(L"RegSupprimeCle", {given}, row.normalised);
         expectPath(L"RegLireCles", {given, host}, row.normalised);
         expectPath(L"RegLireValeurs", {given, host}, row.normalised);
-        // The last call is that which makes the key: its path lost no second backslash.
+        // The last call creates the key. The path has lost one backslash only.
         expectPath(L"RegEcritValeur", {given, text(L"n"), text(L"v"), regString}, row.normalised);
         expectPath(L"RegEcritValeur", {given, text(L"n"), text(L"v"), regString, false}, row.normalised);
         expectPath(L"RegExisteValeur", {given, text(L"n")}, row.normalised);
@@ -194,7 +194,7 @@ TEST_F(Registre, forwardSlashesSeparateNothing) {
     EXPECT_TRUE(isTrue(L"RegSupprimeCle", {text(key.path(L"a/b"))}));
 }
 
-// Changing asks for everything, looking for no more than reading.
+// Members that change a key ask for full access, the others for read access.
 TEST_F(Registre, accessRights) {
     RegistryCalls registry(component.module());
     REGSAM asked = 0;
@@ -231,7 +231,7 @@ TEST_F(Registre, accessRights) {
     expectAccess(reading, L"RegLitValeur", {a, a});
 }
 
-// A key that may be read and not changed.
+// A key that can be read but not changed.
 TEST_F(Registre, accessDenied) {
     key.make(L"a");
     key.setText(L"v", REG_SZ, L"x\0"sv);
@@ -266,7 +266,7 @@ TEST_F(Registre, keysAreMadeTestedAndDeleted) {
     EXPECT_TRUE(isTrue(L"RegCreerNouvelleCle", {text(key.path(L"a"))}));
     EXPECT_TRUE(isTrue(L"RegIsFullAccessRight", {text(key.path(L"a"))}));
     EXPECT_TRUE(isTrue(L"RegExisteClé", {text(key.path(L"A\\B\\été €"))}));
-    // Windows deletes no key that has others below it.
+    // Windows refuses to delete a key that has subkeys.
     EXPECT_FALSE(isTrue(L"RegSupprimeCle", {text(key.path(L"a"))}));
     EXPECT_TRUE(key.exists(L"a\\b\\été €"));
     EXPECT_TRUE(isTrue(L"RegSupprimeCle", {text(key.path(L"a\\b\\été €"))}));
@@ -338,8 +338,8 @@ TEST_F(Registre, everyCallOfTheSystemFailsInTurn) {
         function.fail(n);
         const auto outcome = call(use.member.c_str(), use.arguments);
         const bool failed = function.calls() >= n;
-        // A key that cannot be opened for writing is made, and then it can; one that cannot be closed is
-        // nobody's trouble.
+        // A key that cannot be opened for writing is created, and is open then. Failing to close a key
+        // changes no result.
         const bool harmless = function.name == "RegCloseKey" ||
                               (use.member == L"RegEcritValeur" && function.name == "RegOpenKeyExA" && n == 1);
         expectResult(outcome, failed && !harmless ? use.refused : use.worked, what);
@@ -355,7 +355,7 @@ TEST_F(Registre, everyCallOfTheSystemFailsInTurn) {
         int failures = 0;
         for (std::size_t which = 0; which < functions; ++which)
             for (int n = 1; failsAt(use, which, n); ++n) ++failures;
-        // At the least: the path is converted by two calls, and a call of the registry is made.
+        // At least three: two calls convert the path, and one call goes to the registry.
         EXPECT_GE(failures, 3) << narrow(use.member);
     }
 }
@@ -372,7 +372,7 @@ TEST_F(Registre, aKeyThatCannotBeMadeIsNotWrittenTo) {
         EXPECT_FALSE(writeTo(L"a", kind));
         EXPECT_EQ(1, registry.open.calls() - before);
         EXPECT_FALSE(key.exists(L"a"));
-        // Made, and then it cannot be opened.
+        // The key is made, and cannot be opened then.
         before = registry.open.calls();
         registry.open.failCall(2, ERROR_ACCESS_DENIED);
         EXPECT_FALSE(writeTo(L"b", kind));
@@ -473,7 +473,7 @@ TEST_F(Registre, membersThroughTheVtable) {
     EXPECT_EQ(S_OK, slot(remove, path.get(), &yes));
     EXPECT_EQ(VARIANT_TRUE, yes);
     EXPECT_FALSE(key.exists(L"a\\b"));
-    // A variable that is no variable.
+    // A null pointer in place of a variable.
     EXPECT_EQ(E_POINTER, slot(keys, above.get(), static_cast<IDispatch**>(nullptr)));
     EXPECT_EQ(E_POINTER, slot(get, static_cast<LONG*>(nullptr)));
 }

@@ -9,7 +9,7 @@ namespace {
 using namespace std::string_literals;
 using namespace std::string_view_literals;
 
-// What the stored bytes are without the NUL that Windows adds to a string.
+// The stored bytes without the NUL that Windows adds to a string.
 std::optional<StoredValue> withoutNul(std::optional<StoredValue> value) {
     if (value && value->bytes.ends_with("\0\0"sv)) value->bytes.resize(value->bytes.size() - 2);
     return value;
@@ -47,7 +47,7 @@ TEST_F(Registre, textsAreWrittenAndReadBack) {
         EXPECT_EQ(storedString(row.stored), withoutNul(key.get(L"valeur"))) << what;
         expectResult(read(L"valeur"), text(row.stored), what);
     }
-    // Read and written again and again, and nothing is lost.
+    // Reading and writing it repeatedly loses nothing.
     const std::wstring value = L"réglage";
     EXPECT_TRUE(write(L"valeur", text(value), regString));
     for (int i = 0; i < 20; ++i) EXPECT_TRUE(write(L"valeur", read(L"valeur").result, regString));
@@ -57,7 +57,7 @@ TEST_F(Registre, textsAreWrittenAndReadBack) {
 TEST_F(Registre, everyCharacterOfTheCodePageComesBack) {
     std::string bytes;
     for (int byte = 1; byte < 256; ++byte) bytes += static_cast<char>(byte);
-    // No blank at an end, where it would be cut.
+    // Without blanks at the ends, which would be dropped.
     bytes = "x" + bytes + "x";
     wchar_t characters[300];
     const auto length = MultiByteToWideChar(CP_ACP, 0, bytes.data(), static_cast<int>(bytes.size()),
@@ -96,7 +96,7 @@ TEST_F(Registre, anEmptyTextIsStoredAndReadsAsEmpty) {
     for (const auto& value : {text(L""), text(L"   "), text(L"\0abc"sv), Variant()}) {
         EXPECT_TRUE(write(L"vide", value, regString));
         EXPECT_EQ(storedString(L""), withoutNul(key.get(L"vide")));
-        // Nothing can be cut from no data.
+        // Empty data gives Empty.
         expectResult(read(L"vide"), Variant());
         EXPECT_TRUE(isTrue(L"RegExisteValeur", {text(key.path()), text(L"vide")}));
     }
@@ -201,7 +201,7 @@ TEST_F(Registre, otherKindsOfValuesAreNotWritten) {
         // Not even looked at.
         EXPECT_TRUE(write(L"valeur", nullValue(), type)) << type;
     }
-    // The key that is missing is made all the same, if it is wanted.
+    // The missing key is created all the same, if that is wanted.
     EXPECT_FALSE(isTrue(L"RegEcritValeur", {text(key.path(L"a")), text(L"v"), text(L"x"), regBinary, false}));
     EXPECT_FALSE(key.exists(L"a"));
     EXPECT_TRUE(isTrue(L"RegEcritValeur", {text(key.path(L"a")), text(L"v"), text(L"x"), regBinary}));
@@ -228,7 +228,7 @@ TEST_F(Registre, whatIsNoTextOrNumberIsNotWritten) {
     EXPECT_EQ(before, key.get(L"valeur"));
     EXPECT_EQ(0, registry.set.calls());
     EXPECT_EQ(0, registry.leftOpen());
-    // The key had been made by then.
+    // By then the key had been created.
     EXPECT_FALSE(isTrue(L"RegEcritValeur", {text(key.path(L"a")), text(L"v"), nullValue(), regString}));
     EXPECT_TRUE(key.exists(L"a"));
     // An object stands for its default property.
@@ -252,7 +252,7 @@ TEST_F(Registre, aMissingKeyIsMadeIfItIsWanted) {
     EXPECT_FALSE(key.exists(L"a"));
     EXPECT_EQ(VARIANT_FALSE, typed);
     EXPECT_EQ(describe(Variant(false).raw()), describe(variable.raw()));
-    // Other compilers' True.
+    // The value that some compilers use for True.
     typed = 1;
     EXPECT_TRUE(isTrue(L"RegEcritValeur", {path, name, value, kind, byReference(VT_BOOL, &typed)}));
     EXPECT_EQ(1, typed);
@@ -305,7 +305,7 @@ TEST_F(Registre, anotherProgramWritesBetweenTheTwoQueries) {
     key.setText(L"valeur", REG_SZ, L"abcdef\0"sv);
     expectResult(read(L"valeur"), Variant());
     expectResult(read(L"valeur"), text(L"plus long qu'avant"));
-    // A system that says more than it had room for.
+    // A system that reports a greater length than the buffer has.
     registry.query.answer([](HKEY, LPCSTR, LPDWORD, LPDWORD type, LPBYTE data, LPDWORD size) {
         *type = REG_SZ;
         if (data) std::string_view("abc").copy(reinterpret_cast<char*>(data), 3);
@@ -315,7 +315,7 @@ TEST_F(Registre, anotherProgramWritesBetweenTheTwoQueries) {
     expectResult(read(L"valeur"), text(L"abc"));
 }
 
-// Strings come with whatever length the system reports: with the NUL that ends them, or without.
+// The reported length of a string includes the NUL at its end, or does not.
 TEST_F(Registre, bothWaysOfReportingALengthGiveTheText) {
     RegistryCalls registry(component.module());
     for (const DWORD announced : {3u, 4u, 5u})

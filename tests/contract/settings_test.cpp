@@ -1,5 +1,5 @@
-// Numbers under settings that few users have: separators beyond Latin-1, of two characters, the same signs as
-// those of dates. What is read and written by the user's settings follows them, everything else does not.
+// Numbers under unusual settings: separators beyond Latin-1, of two characters, the same signs as in dates.
+// What is read and written by the user's settings follows them; everything else does not.
 #include "contract/component.h"
 #include "support/no_dialogs.h"
 #include "support/number_settings.h"
@@ -72,13 +72,13 @@ TEST_F(Settings, amountsHaveTheUsersSign) {
     for (const auto& row : all) {
         const ChangedSetting decimal(LOCALE_SDECIMAL, row.decimal), grouping(LOCALE_STHOUSAND, row.grouping);
         const std::wstring sign(1, row.decimal[0]);
-        // Holding the sign already, a value is unchanged, whatever its type.
+        // A value that already contains the sign is unchanged, whatever its type.
         for (const Variant& value : {text(L"12" + sign + L"5"), Variant(12.5), Variant(Currency{125000})}) {
             expectResult(amount(L"NumFrmtSys", {value}), value, shown(row));
             expectResult(amount(L"NumFrmtSys", {value, false}), value, shown(row));
         }
         expectResult(amount(L"NumFrmtEnr", {text(L"12" + sign + L"5")}), text(L"12.5"), shown(row));
-        // As the system writes numbers, the first of its signs becomes the point.
+        // The system's own text of the number; the first of its signs becomes the point.
         Bstr own;
         ASSERT_EQ(S_OK, VarBstrFromR8(-0.25, LOCALE_USER_DEFAULT, 0, own.put()));
         std::wstring expected(own.view());
@@ -100,8 +100,8 @@ TEST_F(Settings, typedAmountsGetTheUsersSign) {
     expectError(amount(L"NumFrmtSys", {text(L"1.2.3")}), 13);
 }
 
-// The rule takes the leading number of a code, the system decides whether it is one: 30 is the number of
-// both.
+// The rule takes the leading number of a code, and the system decides whether the code is a number. Both
+// codes begin with the number 30.
 TEST_F(Settings, codesAreNumbersByTheUsersSettings) {
     const auto keyOf = [this](const wchar_t* bank) {
         return amount(L"RIBClé", {text(bank), text(L"00550"), text(L"0000157841Z")});
@@ -157,7 +157,7 @@ TEST_F(Settings, sizesAreWrittenByTheUsersSettings) {
         expectResult(size({1500.25 * T}), text(L"1'500\u066B25 To   (1 649 542 319 570 944 octets)"));
         expectResult(size({1500.25 * T, true}), text(L"1500\u066B25 To"));
     }
-    // What becomes of two characters is the system's own affair, and its answer comes through.
+    // The system decides about two characters, and its answer reaches the caller.
     const ChangedSetting decimal(LOCALE_SDECIMAL, L"::"), grouping(LOCALE_STHOUSAND, L"''");
     const auto formatted = [](double number, const wchar_t* format) {
         Variant value(number);

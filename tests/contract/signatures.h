@@ -1,4 +1,4 @@
-// What a class says of its members, as hosts declare them.
+// Signatures of a class's members, as hosts would declare them.
 #pragma once
 
 #include <string>

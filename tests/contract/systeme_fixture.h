@@ -22,7 +22,7 @@ protected:
     const Dispatch object = component.create(7);
 };
 
-/// A path too long for the system, of names that are not.
+/// A path that is too long for the system, made of names that are not.
 inline std::wstring tooLong() {
     std::wstring path = L"C:";
     for (int i = 0; i < 40; ++i) path += L"\\nom-de-dossier";

@@ -1,5 +1,5 @@
 // VorlaSystem and the shell: programs that are really started, an association made for the test, and every
-// code of failure.
+// failure code.
 
 #include <algorithm>
 #include <cstring>
@@ -14,7 +14,7 @@
 namespace vorla::test {
 namespace {
 
-// Asked for first where the tests start.
+// Called first while the current folder is still the one where the tests start.
 const std::wstring& childPath() {
     static const auto path = [] {
         wchar_t full[MAX_PATH];
@@ -32,7 +32,7 @@ std::wstring currentFolder() {
     return path;
 }
 
-// Another current folder as long as this lives.
+// Another current folder as long as this exists.
 class CurrentFolder {
 public:
     explicit CurrentFolder(const std::wstring& path) : before_(currentFolder()) {
@@ -46,7 +46,7 @@ private:
     const std::wstring before_;
 };
 
-// Files whose names end in ".vla" are opened by the child as long as this lives.
+// Files whose names end in ".vla" are opened by the child as long as this exists.
 class Association {
 public:
     explicit Association(const std::wstring& program = childPath()) {
@@ -76,7 +76,7 @@ std::wstring contentOf(const std::wstring& path) {
     return {content, size / sizeof(wchar_t)};
 }
 
-// What the child has written, once it is gone with its hold on its folder.
+// What the child has written, once it has ended and released its folder.
 std::wstring writtenInto(const std::wstring& document) {
     std::wstring content;
     const auto folder = document.substr(0, document.rfind(L'\\'));
@@ -87,7 +87,7 @@ std::wstring writtenInto(const std::wstring& document) {
     return content;
 }
 
-// What stands in the thread's error object, which is empty afterwards: text, source, number.
+// The contents of the thread's error object, which is empty afterwards: text, source, number.
 struct StoredError {
     bool found = false;
     std::wstring description, source;
@@ -190,14 +190,14 @@ TEST_F(Shell, everyCodeOfFailureIsStoredWithoutAMessage) {
         EXPECT_EQ(L"", find(L"C:\\x.vla", true));
         expectStored(error.text, error.code);
     }
-    // Success has nothing to say.
+    // Success is not reported.
     for (const int code : {33, 42, 2147483647}) {
         execute.failCall(1, shellAnswer(code));
         EXPECT_EQ(describe(long32(code).raw()), describe(open(L"C:\\x.vla").raw()));
         EXPECT_FALSE(StoredError().found);
     }
     EXPECT_EQ(0, box.calls());
-    // Without an error object the code has to do.
+    // Without an error object the code is the only report.
     Intercept<decltype(CreateErrorInfo)> making(module, "oleaut32.dll", "CreateErrorInfo");
     making.failCall(1, E_OUTOFMEMORY);
     execute.failCall(1, shellAnswer(5));
@@ -265,7 +265,7 @@ TEST_F(Shell, documentsThatCannotBeOpenedHaveACode) {
         EXPECT_LE(open(path).raw().lVal, 32) << narrow(path.substr(0, 40));
         EXPECT_TRUE(StoredError().found);
     }
-    // A program that is gone.
+    // An associated program that no longer exists.
     const Association association(L"C:\\rien\\rien.exe");
     EXPECT_EQ(2, open(temporary.file(L"orphelin.vla")).raw().lVal);
 }
@@ -295,12 +295,12 @@ TEST_F(Shell, whatReachesTheShell) {
     EXPECT_NE(std::string::npos, log[0].find("\"Open\", \"\", null"));
     EXPECT_NE(std::string::npos, where) << log[1];
     EXPECT_EQ(0u, log[1].find("ShellExecuteA(set, \"Open\", \"f.vla\", null, "));
-    // 259 characters are the longest path that is asked about.
+    // The longest path that is passed to the shell has 259 characters.
     log.clear();
     for (const std::size_t length : {259u, 260u})
         EXPECT_EQ(length < 260 ? 33 : 2, open(L"C:\\" + std::wstring(length - 7, L'x') + L".vla").raw().lVal);
     EXPECT_EQ(1u, log.size());
-    // A current folder that cannot be told is left to the shell.
+    // If the current folder cannot be read, the shell chooses.
     log.clear();
     Intercept<decltype(GetCurrentDirectoryA)> current(module, "kernel32.dll", "GetCurrentDirectoryA");
     for (const DWORD answered : {0u, 260u, 5000u}) {
@@ -429,7 +429,7 @@ TEST_F(Finding, theProgramsPathMayFillTheSystemsBuffer) {
         return shellAnswer(33);
     });
     EXPECT_EQ(L"C:\\été\\p.exe", find(L"C:\\x.vla", true));
-    // What a failing call has left behind is no program.
+    // What a failed call leaves in the buffer is not used.
     finding.answer([](LPCSTR, LPCSTR, LPSTR result) {
         std::strcpy(result, "C:\\p.exe");
         return shellAnswer(31);
@@ -437,7 +437,7 @@ TEST_F(Finding, theProgramsPathMayFillTheSystemsBuffer) {
     EXPECT_EQ(L"", find(L"C:\\x.vla", true));
 }
 
-// A file that only seems to be missing is not taken for a placeholder: it is neither emptied nor deleted.
+// A file that cannot be examined is not taken for a placeholder: it is neither emptied nor deleted.
 TEST_F(Finding, aFileThatCannotBeAskedAboutIsKept) {
     const auto file = temporary.file(L"gardé.vla", "contenu");
     Intercept<decltype(GetFileAttributesA)> attribute(module, "kernel32.dll", "GetFileAttributesA");
@@ -447,7 +447,8 @@ TEST_F(Finding, aFileThatCannotBeAskedAboutIsKept) {
     EXPECT_EQ(3u, contentOf(file).size());
 }
 
-// Each system call of both ways to a placeholder fails in turn: an answer, no error, no file left.
+// Each system call on both ways to a placeholder fails in turn. There is always an answer, no error, and no
+// file left.
 TEST_F(Finding, noFailureLeavesAPlaceholder) {
     Intercept<decltype(GetFileAttributesA)> attribute(module, "kernel32.dll", "GetFileAttributesA");
     Intercept<decltype(CreateFileA)> create(module, "kernel32.dll", "CreateFileA");
@@ -479,7 +480,7 @@ TEST_F(Finding, noFailureLeavesAPlaceholder) {
             EXPECT_FALSE(static_cast<bool>(FileSearch(FindFirstFileW(temporary.path(left).c_str(), &found))));
         }
     }
-    // A file that cannot be deleted is nobody's failure.
+    // Failing to delete the file changes no result.
     Intercept<decltype(DeleteFileA)> remove(module, "kernel32.dll", "DeleteFileA");
     const auto file = temporary.path(L"reste.vla");
     remove.failCall(1, FALSE, ERROR_SHARING_VIOLATION);
@@ -505,7 +506,7 @@ protected:
 HANDLE toSet = nullptr;
 int rung = 0;
 
-// The host's own work while it waits: the third time it lets the child end.
+// The host's own work while it waits: at the third call it lets the child end.
 void CALLBACK ring(HWND, UINT, UINT_PTR, DWORD) {
     if (++rung == 3) SetEvent(toSet);
 }
@@ -570,7 +571,7 @@ TEST_F(Waiting, everyFailureIsFalseAndLeavesNoHandle) {
     const auto command = childThatEndsWith(0);
     SetEvent(event);
     expectResult(wait(command), true);
-    // The runtime makes a lock for its exceptions with the first of them, and keeps it.
+    // The runtime makes a lock for its exceptions when the first is thrown, and keeps it.
     expectResult(wait(L"rien-de-tel.exe"), false);
     const auto handles = handleCount();
     {

@@ -93,7 +93,7 @@ TEST_F(Systeme, membersAreDescribed) {
     EXPECT_EQ(expected, signatures(object.get()));
 }
 
-// As a compiled host calls it, by the place of its slot.
+// Called as by a compiled host, through the slot.
 TEST_F(Systeme, membersAnswerThroughTheVtable) {
     const auto slots = *reinterpret_cast<void***>(object.get());
     constexpr std::size_t first = 7;
@@ -228,7 +228,7 @@ TEST_F(Systeme, whatReachesTheDisk) {
                        "GetVolumeInformationA(\"\\\", set, 261, null, null, null, null, 0)",
                        "GetDriveTypeA(\"d:\\\")"}),
               log);
-    // What a failing call has left behind is not looked at.
+    // What a failed call leaves in the buffer is not used.
     volume.answer([](LPCSTR, LPSTR name, DWORD, LPDWORD serial, LPDWORD, LPDWORD, LPSTR, DWORD) -> WINBOOL {
         if (serial) *serial = 5;
         if (name) name[0] = 'x';
@@ -465,7 +465,8 @@ TEST_F(IniFile, onlyTheReaderConvertsTheValue) {
     // The names are in the OEM code page: é is 82, which is a quotation mark in the ANSI one.
     EXPECT_EQ(L"été", read(L"s\u201A", L"cl\u201A"));
     EXPECT_EQ(L"défaut", read(L"sé", L"clé"));
-    // A value that is written converted comes back; so does a default, which never was.
+    // A value that is converted before it is written comes back. A default is converted although it was never
+    // written.
     expectResult(write(L"sé", L"clé", textOf(L"CharToOem", {text(L"été")}), true), long32(1));
     EXPECT_EQ(L"été", read(L"sé", L"clé", L"", true));
     EXPECT_EQ(L"é", read(L"sé", L"absente", L"\u201A", true));
@@ -489,7 +490,7 @@ TEST_F(IniFile, filesThatCannotBeHaveNoValue) {
                      narrow(path));
         EXPECT_EQ(L"d", textOf(L"IniLit", {text(path), text(L"s"), text(L"c"), text(L"d")})) << narrow(path);
     }
-    // Not even the file of the call before.
+    // And no value from the file of the previous call.
     expectResult(write(L"s", L"c", L"ici"), long32(1));
     expectResult(call(L"IniEcrit", {text(tooLong()), text(L"s"), text(L"c"), text(L"ailleurs")}), long32(0));
     EXPECT_EQ(L"d", textOf(L"IniLit", {text(tooLong()), text(L"s"), text(L"c"), text(L"d")}));
@@ -567,7 +568,7 @@ TEST_F(Systeme, windowsFlashByNumberOrForm) {
     EXPECT_EQ(Handles{}, handles());
     variable = {};
     EXPECT_EQ(0, form.references() + control.references() + plain.references() + failing.references());
-    // Nobody is told when Windows refuses.
+    // A refusal of Windows is not reported.
     flash.failCall(1, FALSE);
     EXPECT_EQ(S_OK, call(L"FlashWindow", {long32(1)}).code);
 }
@@ -600,7 +601,7 @@ TEST_F(Systeme, windowsAreFoundByTheirTitle) {
     find.answer([](LPCSTR kind, LPCSTR title) {
         EXPECT_EQ(nullptr, kind);
         EXPECT_STREQ("", title);
-        // Handles are 32 bits wide, signed to those who ask.
+        // Handles are 32 bits wide; hosts see them as signed numbers.
         return reinterpret_cast<HWND>(static_cast<LONG_PTR>(-70000));
     });
     expectResult(call(L"WindowHandle", {text(L"")}), long32(-70000));
@@ -638,7 +639,7 @@ TEST_F(Systeme, waitingEndsWhenTheTickCountStartsOver) {
     clock.answer([&] { return ticks[std::min<std::size_t>(next++, 2)]; });
     EXPECT_EQ(S_OK, call(L"SleepNoWait", {long32(2147483647)}).code);
     EXPECT_LE(next, 10u);
-    // Past its half the count is no negative number.
+    // Past half its range the count must not count as negative.
     const DWORD half[] = {2147483640u, 2147483660u, 2147483740u};
     next = 0;
     clock.answer([&] { return half[std::min<std::size_t>(next++, 2)]; });
@@ -646,7 +647,7 @@ TEST_F(Systeme, waitingEndsWhenTheTickCountStartsOver) {
     EXPECT_GE(next, 3u);
 }
 
-// What the system is asked about screen savers, each answer set by the test.
+// The system's answers about screen savers, each set by the test.
 class ScreenSaver : public Systeme {
 protected:
     ScreenSaver() {
@@ -748,7 +749,7 @@ TEST_F(Systeme, pathsOfConnectedDrivesAreNetworkPaths) {
     name = "\\\\srv\\";
     EXPECT_EQ(L"\\\\srv\\a", textOf(L"UNCPathFromPath", {text(L"X:\\a")}));
 
-    // The caller's path itself, whatever the code page has of it.
+    // Returned unchanged, even with characters that the code page lacks.
     for (const auto& path :
          {std::wstring(L"C:\\a\\b"), std::wstring(L"\\\\autre\\part\\x"), std::wstring(L"rel\\a"),
           std::wstring(L""), std::wstring(L"a"), std::wstring(L"\\a"), std::wstring(L"X:a"),

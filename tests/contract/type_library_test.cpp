@@ -1,4 +1,4 @@
-// The type library inside the DLL, against figures written down by hand.
+// The type library in the DLL, compared with figures written down by hand.
 #include <shlobj.h>
 
 #include "contract/component.h"
@@ -212,7 +212,7 @@ TEST_F(TypeLibrary, enumerations) {
     EXPECT_EQ(50u, membersOf(L"ToucheCtl").size());
     EXPECT_EQ(45u, membersOf(L"eSpecialFolderConstants").size());
     EXPECT_EQ(118u, membersOf(L"eInfoMonetaire").size());
-    // Of these only the type is known; records and hosts can name it.
+    // Only these types' names are published, so that records and hosts can use them.
     for (const wchar_t* bare :
          {L"eBorderStyleExt", L"eDialBoxOption", L"ePaintStatus", L"eAction", L"eThemeColor"})
         EXPECT_EQ(0u, membersOf(bare).size()) << narrow(bare);
@@ -232,7 +232,7 @@ LONG wholeNumber(Number number) {
     return static_cast<LONG>(number);
 }
 
-// What Windows' own headers define is published with their values.
+// Enumerators that Windows' headers define are published with the same values.
 TEST_F(TypeLibrary, systemValuesAreTheSystems) {
 #define ENUMERATION(name, number)
 #define VALUE(name, value)

@@ -1,6 +1,6 @@
-// Every published member, called through our Invoke and through the system's DispInvoke over the type
-// library with the same generated arguments. Where the two differ on purpose, the difference has a name
-// and a reason below, and each must show up, so that a system that comes to agree is noticed.
+// Calls every published member through our Invoke and through the system's DispInvoke over the type library,
+// with the same generated arguments. Where the two differ on purpose, the difference has a name and a reason
+// below. Each must occur, so that a system that no longer differs is noticed.
 #include <gtest/gtest.h>
 #include <shlobj.h>
 
@@ -51,7 +51,7 @@ struct Given {
     bool omitted = false;
 };
 
-// The variables of one side of a call: what by-reference arguments refer to.
+// The variables of one side of a call, to which by-reference arguments refer.
 struct Side {
     std::vector<Variant> values;  // the arguments' values, or the variables themselves
     std::vector<Variant> arguments;
@@ -152,7 +152,7 @@ Seen call(const Publication& publication, const Member& member, const std::vecto
         arguments.owned.push_back(side.arguments[i]);
     }
     auto parameters = arguments.parameters();
-    // The system converts some arguments where they lie, so the array owns them from here on.
+    // The system converts some arguments in place, so the array owns them now.
     for (Variant& argument : arguments.owned) argument.detach();
     Variant result;
     EXCEPINFO exception{};
@@ -171,7 +171,7 @@ Seen call(const Publication& publication, const Member& member, const std::vecto
     return seen;
 }
 
-// Where ours differs from the system's answer, and why ours is the better one.
+// The differences between our answer and the system's, and why ours is better.
 
 enum class Difference {
     none,
@@ -211,7 +211,7 @@ enum class Difference {
     namedReference,
     // A member that fails: the system leaves a zero result behind. Ours leaves it Empty.
     resultOfFailure,
-    // Nobody expects it.
+    // None of the above.
     unexpected,
 };
 
@@ -227,7 +227,7 @@ protected:
     }
 
     static HRESULT loadedDescription(const Publication& publication, ITypeInfo** description) {
-        // The component's own library lies beside the tests; its code here has no resources.
+        // The component's library is a file beside the tests; its code in this program has no resources.
         if (&publication.library == &specimenLibrary)
             return publication.library.describe(publication.interfaceId(), description);
         ComPointer<ITypeLib> library;
@@ -238,7 +238,7 @@ protected:
     void compareOnce(const Publication& publication, ITypeInfo* description, const Member& member) {
         const auto parameters = publication.parametersOf(member);
         for (const Parameter& parameter : parameters)
-            if (parameter.type.type == VT_RECORD) return;  // the system cannot pass one; tested on their own
+            if (parameter.type.type == VT_RECORD) return;  // the system cannot pass one; tested elsewhere
         const auto given = pickArguments(parameters.size(), member);
         compareCall(publication, description, member, given, pickNames(given.size(), member));
     }
@@ -291,7 +291,7 @@ private:
         return given;
     }
 
-    // The last arguments, by name; the new value of a property always has its own.
+    // The last arguments are named; the new value of a property always is.
     std::vector<DISPID> pickNames(std::size_t count, const Member& member) {
         if (member.stores()) return {DISPID_PROPERTYPUT};
         std::vector<DISPID> names;
@@ -302,7 +302,7 @@ private:
 
     static bool isLeftOut(const Given& given) { return given.omitted || given.shape == Shape::missingValue; }
 
-    // What the system must not be asked: it would read memory at an address that is none.
+    // Calls that the system must not make: it would use a value as an address.
     static Difference leftOut(std::span<const Parameter> parameters, const std::vector<Given>& given) {
         for (std::size_t i = 0; i < given.size(); ++i) {
             const Parameter& parameter = parameters[i];
@@ -341,7 +341,7 @@ private:
             missingRequired |= given[i].shape == Shape::missingValue && !variant && !parameter.optional;
         }
         if (convertedReference && theirs.code == DISP_E_TYPEMISMATCH) return Difference::typedByReference;
-        // Nothing is refused as a type that is none.
+        // The system refuses Nothing for its type.
         if (valueGiven && (theirs.code == DISP_E_TYPEMISMATCH || theirs.code == DISP_E_OVERFLOW ||
                            theirs.code == DISP_E_BADVARTYPE))
             return Difference::valueForReference;
@@ -351,7 +351,7 @@ private:
             return Difference::requiredMissing;
         if (objectOfKind && ours.code == DISP_E_TYPEMISMATCH && theirs.code == E_NOINTERFACE)
             return Difference::otherObject;
-        // It names no bad argument, as it does for one that it refuses.
+        // Here it reports no argument index, unlike for arguments that it refuses.
         const bool refers = std::any_of(parameters.begin(), parameters.end(), [](const Parameter& parameter) {
             return parameter.type.byReference;
         });
@@ -397,7 +397,8 @@ TEST_F(Differential, everythingThatCanBePublished) {
                 Difference::resultOfFailure});
 }
 
-// Nothing in the registry is made, changed or deleted: this test calls members with whatever comes, twice.
+// Calls members with generated arguments, twice each, while nothing in the registry may be created, changed
+// or deleted.
 class UnchangedRegistry {
 public:
     UnchangedRegistry() {
@@ -415,11 +416,10 @@ private:
     Intercept<decltype(RegDeleteValueA)> removeValue_{program_, "advapi32.dll", "RegDeleteValueA"};
 };
 
-// What generated arguments must not do to the machine. A name made of anything could be a program's, so none
-// is started, and a file's or folder's, so none is deleted, renamed or left behind; no temporary name is
-// drawn, which would be another one each time. Nobody is there to choose in a dialog. INI files without a
-// folder would be written among Windows' own. And a wait of a minute, repeated a hundred times, is made short
-// by a clock that gains a day at every look.
+// Keeps generated arguments from harming the machine. A generated name could be that of a program, file or
+// folder, so no program is started and nothing is deleted, renamed or created. No temporary name is drawn,
+// because each would be a different one. Dialogs find no user. INI files without a folder would be written
+// among Windows' own. A clock that gains a day at each look keeps long waits short.
 class Harmless {
 public:
     Harmless() {
@@ -452,7 +452,7 @@ private:
     Intercept<decltype(GetTickCount)> clock_{program_, "kernel32.dll", "GetTickCount"};
 };
 
-// Too rare among generated calls to show up for certain.
+// Too rare among generated calls to be sure to occur.
 TEST_F(Differential, aReferenceNextToNamedArguments) {
     const Harmless arguments;
     for (const Publication* publication : catalogue()) {

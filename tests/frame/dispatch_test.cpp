@@ -1,4 +1,4 @@
-// Late-bound calls by hand-written rule: everything that a publication can say, through Invoke.
+// Late-bound calls with hand-written expectations, for everything that a publication can express.
 
 #include "frame/specimen_fixture.h"
 #include "frame/values/conversions.h"
@@ -122,7 +122,7 @@ TEST_F(SpecimenTest, whatDoesNotFitIsRefusedWithItsIndex) {
     const auto outcome = call(L"AvecDéfaut", {std::int16_t{1}, text(L"x"), text(L"never"), true});
     EXPECT_EQ(DISP_E_TYPEMISMATCH, outcome.code);
     EXPECT_EQ(1u, outcome.badArgument);
-    EXPECT_EQ(2, withoutDefault.references());  // the rows' own
+    EXPECT_EQ(2, withoutDefault.references());  // those of the rows
 }
 
 TEST_F(SpecimenTest, typedVariablesAreChangedInPlace) {
@@ -228,7 +228,7 @@ TEST_F(SpecimenTest, oneVariableAsArgumentAndResult) {
     Variant variable(TextView(L"abc"));
     auto argument = byReference(variable);
     DISPPARAMS parameters{argument.put(), nullptr, 1, 0};
-    // The old string is the caller's to free once the result has replaced it.
+    // When the result has replaced the old string, the caller frees it.
     const Bstr before(variable.raw().bstrVal);
     EXPECT_EQ(S_OK, specimen->Invoke(idOf(specimen.get(), L"Chaîne"), IID_NULL, 0, DISPATCH_METHOD,
                                      &parameters, variable.put(), nullptr, nullptr));

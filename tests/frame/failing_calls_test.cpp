@@ -1,5 +1,5 @@
-// Every system call of the shared routines and of the host's stand-ins failing in turn, and every name that
-// a host cannot look up.
+// Fails every system call of the shared routines and of the replacements for the host's global objects in
+// turn, and every lookup of a name by a host.
 #include "support/failing_calls.h"
 #include "frame/values/winapi.h"
 
@@ -34,7 +34,7 @@ const Fault noAttributes = fault<decltype(GetFileAttributesA)>(kernel, "GetFileA
 const Fault noBytes = fault<decltype(WideCharToMultiByte)>(kernel, "WideCharToMultiByte", 0);
 const Fault noCharacters = fault<decltype(MultiByteToWideChar)>(kernel, "MultiByteToWideChar", 0);
 
-// What comes out of a routine: its value, or the number of the error that ends it.
+// The outcome of a routine: its value, or the number of the error that ends it.
 std::string shown(bool value) { return value ? "true" : "false"; }
 std::string shown(double value) { return std::to_string(value); }
 std::string shown(TextView value) { return narrow(value); }
@@ -55,7 +55,7 @@ std::string outcomeOf(Routine&& routine) {
     }
 }
 
-// Expects each failing call to give one of these, and that there are so many of them.
+// Expects one of these outcomes for each failing call, and this number of calls.
 template <class Routine>
 void expectCalls(int calls, const Fault& fault, Routine routine, const std::string& right,
                  const std::set<std::string>& whenFailed) {
@@ -71,11 +71,11 @@ TEST(FailingFiles, existNoMore) {
     expectCalls(1, noAttributes, isFile, "true", {"false"});
     // The length that the bytes need, then the bytes.
     expectCalls(2, noBytes, isFile, "true", {"false"});
-    // Whether the path is a folder, then whether that folder is there.
+    // The first call asks whether the path is a folder, the second whether that folder exists.
     const auto hasFolder = [&] { return ExisteDossier(file); };
     expectCalls(2, noAttributes, hasFolder, "true", {"false"});
     expectCalls(4, noBytes, hasFolder, "true", {"false"});
-    // Not known for a folder, a path is taken apart as a file's.
+    // If it is not recognised as a folder, the path is treated as a file's.
     const auto extension = [&] { return DecoupeChemin(folder, eFileN::eFExtension).text(); };
     expectCalls(1, noAttributes, extension, "", {"x"});
     expectCalls(2, noBytes, extension, "", {"x"});
@@ -89,7 +89,7 @@ TEST(FailingFiles, haveNoShortForm) {
     const auto shortForm = [&] { return CheminCourt(file); };
     expectCalls(1, fault<decltype(GetShortPathNameA)>(kernel, "GetShortPathNameA", DWORD{0}), shortForm,
                 narrow(expected), {""});
-    // Its callers decide about these.
+    // These failures are left to the callers.
     expectCalls(2, noBytes, shortForm, narrow(expected), {"error 5"});
     expectCalls(2, noCharacters, shortForm, narrow(expected), {"error 5"});
 }
@@ -109,7 +109,7 @@ TEST(FailingFiles, haveNoShortFormThatFillsTheBuffer) {
 TEST(FailingFiles, areNotDeleted) {
     const TemporaryFolder temporary;
     const auto path = temporary.path(L"fichier.txt");
-    // The file is there when the answer says that it was not deleted, and only then.
+    // If the answer says that the file was not deleted, it exists; otherwise it does not.
     const auto deletes = [&] {
         const auto answer = outcomeOf([&] { return SupprimeFichier(path); });
         EXPECT_EQ(answer != "true", TemporaryFolder::exists(path)) << answer;
@@ -125,7 +125,7 @@ TEST(FailingFiles, areNotDeleted) {
     expectDeletions(1, noAttributes, {"false"});
     expectDeletions(1, fault<decltype(DeleteFileA)>(kernel, "DeleteFileA", FALSE, ERROR_ACCESS_DENIED),
                     {"false"});
-    // The test for existence ends in no; the deletion's own path is its caller's business.
+    // A failing test for existence means no. Failures of the deletion's own conversions reach the caller.
     expectDeletions(4, noBytes, {"false", "error 5"});
 }
 
@@ -137,7 +137,7 @@ protected:
     }
     ~FailingTemporaryNames() override { SetEnvironmentVariableW(L"TMP", before_); }
 
-    // Every draw of a name has its end taken, so that it is drawn again, once.
+    // Makes the first drawn name taken, so that a second one is drawn.
     void takeTheFirstName() {
         attributes_.answer([this](LPCSTR path) -> DWORD {
             const bool drawn = std::string_view(path).ends_with(".txt");
@@ -168,7 +168,7 @@ TEST_F(FailingTemporaryNames, areEmptyOrTheLastOneDrawn) {
     name.failCall(1, 0);
     EXPECT_EQ(L"", CheminTemporaire(L"abc", extension));
     EXPECT_EQ(L"txt", extension);
-    // The first name is taken and nothing can be drawn any more: the answer stays the taken name.
+    // The first name is taken and drawing another fails: the result is the taken name.
     for (const bool byFolder : {true, false}) {
         taken_ = false;
         takeTheFirstName();
@@ -222,7 +222,7 @@ TEST_F(FailingTemporaryNames, comeEvenWhenTheirPlaceholderStays) {
     Text extension;
     auto answer = CheminTemporaire(L"abc", extension);
     EXPECT_TRUE(TemporaryFolder::exists(answer));
-    // A disk that does not tell about the placeholder: it was made here, so it goes all the same.
+    // The disk does not say whether the placeholder exists. It was made here, so it is deleted all the same.
     attributes_.answer([](LPCSTR) -> DWORD { return INVALID_FILE_ATTRIBUTES; });
     answer = CheminTemporaire(L"abc", extension);
     EXPECT_FALSE(TemporaryFolder::exists(answer));
@@ -235,7 +235,7 @@ TEST_F(FailingTemporaryNames, needTheCodePage) {
             Text extension = L"txt";
             return CheminTemporaire(L"abc", extension).starts_with(folder_ + L"\\abc");
         };
-        // A question about the disk that fails is a no; everything else is the caller's business.
+        // A failing question about the disk means no; other failures reach the caller.
         const auto calls =
             failEachCall(program, fault, "name", [&] { return outcomeOf(begins); }, "true", {"error 5"});
         EXPECT_GE(calls, 2) << fault.name;
@@ -265,7 +265,7 @@ TEST(FailingProfiles, areTheCallersBusiness) {
 }
 
 TEST(FailingQueries, haveNeutralAnswers) {
-    // Without a version of its own the system is unknown. The field's characters are the caller's business.
+    // Without a version the system is unknown. Failing conversions reach the caller.
     Text name;
     const auto version = [&] {
         VersionWindows(name);
@@ -299,7 +299,7 @@ TEST(FailingComparisons, areTheCallersBusiness) {
 }
 
 TEST(FailingWaits, stillEnd) {
-    // Without naps the wait only polls more often.
+    // Without sleeping, the wait just polls more often.
     Intercept<decltype(MsgWaitForMultipleObjects)> naps(program, "user32.dll", "MsgWaitForMultipleObjects");
     naps.answer([](DWORD, const HANDLE*, WINBOOL, DWORD, DWORD) -> DWORD { return WAIT_FAILED; });
     const auto start = GetTickCount();
@@ -324,7 +324,7 @@ TEST(FailingPrograms, haveNoNameAndNoHelp) {
     expectCalls(1, noName, [] { return app::title(); }, "frame_tests", {""});
     expectCalls(1, noName, [] { return app::path().empty(); }, "false", {"true"});
     expectCalls(1, noName, [] { return app::helpFile(); }, "", {});
-    // Neither of the two files is there for a disk that does not tell.
+    // If the disk does not answer, neither file exists.
     expectCalls(2, fault<decltype(GetFileAttributesW)>(kernel, "GetFileAttributesW", INVALID_FILE_ATTRIBUTES),
                 [] { return app::helpFile(); }, "", {});
 }
@@ -391,7 +391,7 @@ TEST(FailingLookups, areFailuresOfTheHost) {
         control.failLookup(1, row.code);
         EXPECT_EQ(row.expected, outcomeOf([&] { return bound.call(L"Text"); }));
     }
-    // Nothing was called, and a failed lookup is no answer to keep.
+    // No member was called, and a failed lookup is not remembered.
     EXPECT_EQ(0u, control.logged(L"get") + control.logged(L"put") + control.logged(L"call"));
     EXPECT_EQ(L"x", bound.getAs<Text>(L"Text"));
 }
@@ -407,7 +407,7 @@ TEST(FailingLookups, endTheQueriesOfHosts) {
     EXPECT_EQ(0, ScaleModeConteneur(host));
     control.failLookup(1, disconnected);
     EXPECT_FALSE(ObjetConteneur(host));
-    // The probe that fails means twips, the read that fails nothing at all.
+    // If the probe fails, the answer is twips; if the read fails, there is no answer.
     container.failLookup(1, disconnected);
     EXPECT_EQ(1, ScaleModeConteneur(host));
     container.failLookup(2, disconnected);
@@ -435,13 +435,14 @@ TEST(FailingLookups, endAWalk) {
             Variant item;
             return items.next(item);
         };
-        // Without `Count` there is no walk; without `Item` the default property is asked, and is not there.
+        // Without `Count` the walk fails. Without `Item` the default property is used, which does not exist
+        // here.
         EXPECT_EQ(failing == 1 ? "error 440" : "error 438", outcomeOf(walk));
         EXPECT_EQ(0, collection.references());
     }
 }
 
-// Tells neither its class nor its interface, each in its own way.
+// Objects that tell neither their class nor their interface, each in its own way.
 class Secretive : public ScriptedObject {
 public:
     explicit Secretive(HRESULT answer) : answer_(answer) {}
@@ -461,7 +462,7 @@ TEST(FailingTypes, areCalledObject) {
         EXPECT_EQ(0, secretive.references());
         EXPECT_FALSE(isTextBox(HostObject(&secretive)));
     }
-    // A form is asked for four names; each that cannot be looked up is one that it has not.
+    // Four names are looked up in a form. A name that cannot be looked up counts as missing.
     for (int failing = 1; failing <= 3; ++failing) {
         ScriptedObject form;
         form.property(L"hWnd")

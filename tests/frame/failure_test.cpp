@@ -1,4 +1,4 @@
-// What hosts see of failures: codes, error information, exceptions that must not leave a slot.
+// Failures as hosts see them: codes, error information, exceptions that must not leave a slot.
 #include "frame/specimen_fixture.h"
 
 namespace vorla::test {
@@ -56,7 +56,7 @@ TEST_F(SpecimenTest, staleErrorInformationIsCleared) {
 TEST_F(SpecimenTest, lateBoundHostsTakeTheInformationOnce) {
     EXPECT_EQ(DISP_E_EXCEPTION, call(L"Échoue", {std::int32_t{6}}).code);
     EXPECT_EQ(L"", pendingDescription());
-    // A host that passes nowhere to put it finds it where early-bound hosts do.
+    // A host that passes no exception record finds the error where early-bound hosts do.
     auto arguments = Arguments({std::int32_t{6}});
     auto parameters = arguments.parameters();
     EXPECT_EQ(DISP_E_EXCEPTION, specimen->Invoke(idOf(specimen.get(), L"Échoue"), IID_NULL, 0,

@@ -1,4 +1,4 @@
-// The forms host itself: what its objects answer, how they measure, and that their windows show it.
+// The forms host itself: what its objects answer, how they measure, and what their windows show.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -20,7 +20,7 @@ using Log = std::vector<std::wstring>;
 
 HostObject asHost(Object& object) { return HostObject(&object); }
 
-// A colour that the window shows at this place of its inside.
+// The colour of the window at this place of its inside.
 COLORREF pixel(const Window& window, int x, int y) {
     const HDC on = GetDC(window.handle());
     const auto colour = GetPixel(on, x, y);
@@ -38,7 +38,7 @@ bool shows(const Window& window, COLORREF colour) {
     return false;
 }
 
-// What a text takes in a control's font, measured by the system's simplest function.
+// The size of a text in a control's font, measured by the system's simplest function.
 SIZE extentOf(const Window& window, const std::wstring& text) {
     const HDC on = GetDC(window.handle());
     const auto before = SelectObject(on, handleOf(window.font()));
@@ -52,7 +52,7 @@ SIZE extentOf(const Window& window, const std::wstring& text) {
 class FormsHost : public testing::Test {
 protected:
     ~FormsHost() override {
-        // Every test gives back what it made.
+        // Every test must leave nothing behind.
         host_.reset();
         EXPECT_EQ(before_, Object::livingObjects());
     }
@@ -313,7 +313,7 @@ TEST_F(FormsHost, aSelfSizingLabelIsAsLargeAsItsText) {
         GetClientRect(label.handle(), &inside);
         EXPECT_EQ(size.cx, inside.right) << test::narrow(text);
     }
-    // The sign of an access key takes no room, a doubled one is a character.
+    // The mark of an access key takes no room; a doubled one is a character.
     bound.putDefault(L"&Trier");
     EXPECT_FLOAT_EQ(static_cast<float>(15 * extentOf(label, L"Trier").cx), label.getAs<float>(L"Width"));
     bound.putDefault(L"Noir && blanc");
@@ -331,7 +331,7 @@ TEST_F(FormsHost, fontsAreTheSystemsAndChangesOfThemAreSeen) {
     label.put(L"AutoSize", true);
     const auto before = label.getAs<float>(L"Width");
     BoundObject bound(asHost(label));
-    // The label takes the button's font itself: a change of the one is a change of the other.
+    // The label shares the button's font object, so a change of one is a change of both.
     bound.putRef(L"Font", BoundObject(asHost(button)).getObject(L"Font"));
     EXPECT_EQ(BoundObject(asHost(button)).getObject(L"Font").get(), bound.getObject(L"Font").get());
     EXPECT_FLOAT_EQ(before, label.getAs<float>(L"Width"));
@@ -502,7 +502,7 @@ TEST_F(FormsHost, formsMoveShowAndChangeTheirState) {
     EXPECT_FLOAT_EQ(150, form().getAs<float>(L"Left"));
     EXPECT_FLOAT_EQ(450, form().getAs<float>(L"Top"));
     EXPECT_FLOAT_EQ(6000, form().getAs<float>(L"Width"));
-    // Moved behind the object's back.
+    // Moves the window without the object.
     SetWindowPos(form().handle(), nullptr, 40, 50, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
     EXPECT_FLOAT_EQ(600, form().getAs<float>(L"Left"));
     EXPECT_FALSE(bound.getAs<bool>(L"Visible"));
@@ -537,7 +537,7 @@ TEST_F(FormsHost, theRecordNamesEveryUse) {
                    L"next Forms", L"lookup frmClients.Show", L"call frmClients.Show",
                    L"lookup frmClients.Font", L"putref frmClients.Font", L"lookup frmClients.Container"}),
               host().record().log());
-    // What the form's own program does is no use from outside.
+    // Uses by the form's own program are not recorded.
     host().record().clearLog();
     option.put(L"Caption", L"Lent");
     EXPECT_EQ(L"Lent", option.getAs<Text>(L"Caption"));
@@ -551,7 +551,7 @@ TEST_F(FormsHost, theNthCallFailsByOrder) {
     bound.get(L"Text");
     EXPECT_EQ(380, errorOf([&] { bound.put(L"Text", L"après"); }));
     EXPECT_EQ(L"avant", bound.getAs<Text>(L"Text"));
-    // Whatever object the call is made of.
+    // Whichever object is called.
     host().record().fail(1, {DISP_E_EXCEPTION, 76});
     EXPECT_EQ(76, errorOf([&] { BoundObject(asHost(form())).get(L"Caption"); }));
     host().record().fail(1, {DISP_E_EXCEPTION, 53, true});

@@ -1,4 +1,4 @@
-// What stands in for the host runtime's global objects.
+// The replacements for the host runtime's global objects.
 #include "frame/host/globals.h"
 #include "frame/values/winapi.h"
 
@@ -44,7 +44,7 @@ TEST(Screen, leavesNoDeviceContextBehind) {
     EXPECT_EQ(before, Resources::held());
 }
 
-// The host's program, as the test says.
+// A host's program at a path of the test's choice.
 class AppTest : public testing::Test {
 protected:
     void runFrom(const wchar_t* path) {
@@ -114,7 +114,7 @@ int received = 0;
 
 LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
     if (message == WM_APP) ++received;
-    // One message that always brings the next.
+    // A message that always posts the next.
     if (message == WM_APP + 1) {
         ++received;
         PostMessageW(window, WM_APP + 1, 0, 0);
@@ -208,7 +208,7 @@ TEST(LoadPicture, failures) {
     EXPECT_EQ(53, errorOf([] { LoadPicture(L"absente.bmp"); }));
     EXPECT_EQ(53, errorOf([] { LoadPicture(L"absent\\absente.bmp"); }));
     EXPECT_EQ(53, errorOf([] { LoadPicture(L"."); }));
-    // An address is no file's name: nothing is fetched.
+    // A web address is not a file name, and nothing is fetched.
     EXPECT_EQ(53, errorOf([] { LoadPicture(L"http://localhost/a.bmp"); }));
 }
 

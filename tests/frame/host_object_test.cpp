@@ -1,4 +1,4 @@
-// The host's objects driven by name: what reaches them, what comes back, and how often.
+// Host objects driven by name: the calls that reach them, the results, and the number of calls.
 #include <gtest/gtest.h>
 
 #include "frame/contract/enumerations.h"
@@ -177,7 +177,7 @@ TEST(BoundObject, defaultMembers) {
     bound.putDefault(std::int32_t{0}, std::int16_t{3});
     EXPECT_EQ("vt 2 3", describe(list.value(L"Item", 0).raw()));
     EXPECT_EQ(0u, list.logged(L"lookup"));
-    // A property that holds an object stands for that object's default where a value is wanted.
+    // Where a value is wanted, a property that holds an object stands for the object's default property.
     ScriptedObject twelve{Variant(std::int16_t{12})}, holder;
     holder.property(L"Value", object(&twelve)).property(L"Rien", nothing()).property(L"Vide", nullValue());
     BoundObject values{HostObject(&holder)};
@@ -339,10 +339,10 @@ TEST(HostItems, walkEveryKindOfCollection) {
 TEST(HostItems, walkWhatIsNumberedFromOne) {
     struct Row {
         Walk walk;
-        Log calls;  // behind the question for an enumerator, the count and the names
+        Log calls;  // after the lookups, the enumerator and the count
     };
     const Row rows[] = {
-        // Item 0 fails, the last one is there, then all in order.
+        // Item 0 fails, the last one exists, then all are read in order.
         {Walk::byCountAndItem, {L"get Item", L"get Item", L"get Item", L"get Item", L"get Item"}},
         {Walk::byCountAndDefault,
          {L"get (default)", L"get (default)", L"get (default)", L"get (default)", L"get (default)"}},
@@ -360,7 +360,7 @@ TEST(HostItems, walkWhatIsNumberedFromOne) {
         empty.items({}, row.walk).numberedFrom(1);
         EXPECT_EQ("", walked(empty));
         EXPECT_EQ(4u, empty.log().size());
-        // Numbered from anywhere else it cannot be walked.
+        // A collection numbered from anything but 0 or 1 cannot be walked.
         ScriptedObject strange;
         strange.items({text(L"un"), text(L"deux")}, row.walk).numberedFrom(2);
         EXPECT_EQ(381, errorOf([&] { walked(strange); }));
@@ -377,7 +377,7 @@ TEST(HostItems, numberedFromOneWithEveryCallFailingInTurn) {
         std::string items;
         const auto error = errorOf([&] { items = walked(collection); });
         EXPECT_EQ(0, collection.references());
-        // Item 0 fails anyhow. Where the last one fails too, its own error is the answer.
+        // Item 0 fails in any case. If the last one fails too, its own error is the answer.
         const bool harmless = failing == 3 || failing > 6;
         EXPECT_EQ(harmless ? 0 : failing == 4 ? 381 : 9, error) << failing;
         EXPECT_EQ(harmless ? "vt 2 1; vt 2 2; " : "", items) << failing;
@@ -385,7 +385,7 @@ TEST(HostItems, numberedFromOneWithEveryCallFailingInTurn) {
     }
 }
 
-// The first item of what is numbered from 0 fails for another reason: the second is not taken for the first.
+// Item 0 exists but fails for another reason: item 1 must not be taken for the first.
 TEST(HostItems, aFailureOfItemZeroIsNotHidden) {
     for (const int count : {1, 2, 3}) {
         ScriptedObject collection;
@@ -416,7 +416,7 @@ TEST(HostItems, objectsAreReleased) {
 }
 
 TEST(HostItems, everyCallFailingInTurn) {
-    // The enumerator's own failure is no reason to try by number; a next that fails ends the walk.
+    // A failure of the enumerator does not lead to a walk by number, and a failing `next` ends the walk.
     for (const auto walk : {Walk::byEnumerator, Walk::byCountAndItem, Walk::byCountAndDefault}) {
         int failing = 1;
         for (;; ++failing) {
@@ -436,10 +436,10 @@ TEST(HostItems, everyCallFailingInTurn) {
 TEST(HostItems, aWalkCanGoOnAfterAFailure) {
     struct Row {
         Walk walk;
-        int before;  // calls until the first item is handed over
+        int before;  // calls before the first item is returned
         std::vector<int> items;
     };
-    // The enumerator still stands before the item that it failed to hand over; a number is used once.
+    // The enumerator still stands at the item that it failed to return; by number, each item is tried once.
     const Row rows[] = {
         {Walk::byEnumerator, 1, {1, 2}}, {Walk::byCountAndItem, 2, {2}}, {Walk::byCountAndDefault, 2, {2}}};
     for (const Row& row : rows) {
@@ -505,7 +505,7 @@ TEST(Kinds, formsAreKnownByTheirNames) {
     EXPECT_TRUE(isHostForm(HostObject(&form)));
     EXPECT_EQ(0u, form.logged(L"get"));
 
-    // Each of the names missing, and a control that holds others.
+    // Objects that lack one of the names, and a control that contains others.
     for (const auto* missing : {L"hWnd", L"Controls", L"WindowState"}) {
         ScriptedObject other;
         for (const auto* name : {L"hWnd", L"Controls", L"WindowState"})

@@ -1,4 +1,4 @@
-// What members ask of the host's controls and forms, each of the host's answers failing in turn.
+// The questions about the host's controls and forms, with each of the host's answers failing in turn.
 #include "frame/shared/host_queries.h"
 
 #include <gtest/gtest.h>
@@ -33,7 +33,7 @@ TEST(ProprieteExiste, callsTheMemberByItsKind) {
     EXPECT_TRUE(ProprieteExiste(host, L"Refresh", method));
     EXPECT_EQ(1033u, locale);
     EXPECT_FALSE(ProprieteExiste(host, L"Refresh", get));
-    // What needs an argument fails without one.
+    // A member that needs an argument fails without one.
     EXPECT_FALSE(ProprieteExiste(host, L"List", get));
     EXPECT_FALSE(ProprieteExiste(host, L"Text", let));
     EXPECT_FALSE(ProprieteExiste(host, L"Absent", get));
@@ -45,7 +45,7 @@ TEST(ProprieteExiste, callsTheMemberByItsKind) {
     EXPECT_EQ(1, control.references());
 }
 
-// Hosts publish their names in English: they are looked up in it too.
+// Host names are English, so they are looked up in English.
 class Listening : public ScriptedObject {
 public:
     HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID id, LPOLESTR* names, UINT count, LCID locale,
@@ -103,7 +103,7 @@ TEST(ScaleModeConteneur, isZeroWhenSomethingFails) {
     Scaled fails{std::int16_t{3}};
     fails.control.failCall(1, hostFailure);
     EXPECT_EQ(0, ScaleModeConteneur(HostObject(&fails.control)));
-    // The probe's failure means that there is no such property; the read's ends the routine.
+    // If the probe fails, the property does not exist; if the read fails, the routine ends.
     fails.container.failCall(1, hostFailure);
     EXPECT_EQ(1, ScaleModeConteneur(HostObject(&fails.control)));
     fails.container.failCall(2, hostFailure);
@@ -115,7 +115,7 @@ TEST(ObjetConteneur, isTheContainerThatHasAScaleMode) {
     Scaled twips{std::int16_t{1}}, unknown{nullValue()};
     EXPECT_EQ(&twips.container, ObjetConteneur(HostObject(&twips.control)).get());
     EXPECT_EQ(&unknown.container, ObjetConteneur(HostObject(&unknown.control)).get());
-    // The control holds one reference, nobody else does.
+    // Only the control holds a reference.
     EXPECT_EQ(1, twips.container.references());
 }
 
@@ -212,7 +212,7 @@ TEST(FormChargee, failuresReachTheCaller) {
     values.items({std::int16_t{1}}, Walk::byEnumerator);
     EXPECT_EQ(424, errorOf([&] { FormChargee(asked.view(), HostObject(&values)); }));
     EXPECT_EQ(91, errorOf([&] { FormChargee(asked.view(), HostObject()); }));
-    // An item that is no form lacks the name.
+    // An item that is not a form does not know the name.
     ScriptedObject stranger, strangers;
     strangers.items({object(&stranger)}, Walk::byEnumerator);
     EXPECT_EQ(438, errorOf([&] { FormChargee(asked.view(), HostObject(&strangers)); }));

@@ -1,4 +1,4 @@
-// The test bed's own interception, on the component and on this program.
+// Tests the interception of calls, in the component and in this program.
 #include "support/import_patch.h"
 
 #include "contract/component.h"
@@ -10,7 +10,7 @@ namespace {
 constexpr std::uint16_t numberOfChaine = 0;
 
 Outcome occurrences(IDispatch* object) {
-    // Without regard to case: the texts' letters are changed by the system.
+    // Case is ignored by letting the system convert the letters.
     return invoke(object, L"Occurrence", {text(L"aAa"), text(L"A"), false});
 }
 
@@ -20,7 +20,8 @@ void expectThree(const Outcome& outcome) {
     EXPECT_EQ("vt 4 3", describe(outcome.result.raw()));
 }
 
-// Calls of their own: within one function the compiler may read the import table once for all calls.
+// In functions of their own, because within one function the compiler may read the import table once for all
+// calls.
 [[gnu::noinline]] DWORD ticksNow() { return GetTickCount(); }
 [[gnu::noinline]] DWORD threadNow() { return GetCurrentThreadId(); }
 

@@ -1,4 +1,4 @@
-// Objects that tell their names in the newer way only.
+// Objects whose names can be found only through IDispatchEx.
 #include "frame/host/member_names.h"
 
 #include <dispex.h>
@@ -12,7 +12,7 @@
 namespace vorla::test {
 namespace {
 
-// What GetIDsOfNames refuses, IDispatchEx answers, if there is one.
+// GetIDsOfNames refuses every name; IDispatchEx, if the object has it, finds them.
 class NewerObject : public ScriptedObject {
 public:
     explicit NewerObject(bool hasNames = true) : hasNames_(hasNames) {}

@@ -16,7 +16,7 @@ TEST(MessageBox, showsItsTextWithOneButtonUnderTheHostsTitle) {
     ASSERT_EQ(1u, watcher.seen().size());
     EXPECT_EQ(Texts{L"Clé erronée : 42 €"}, watcher.seen()[0].texts);
     EXPECT_EQ(Texts{L"OK"}, watcher.seen()[0].buttons);
-    // A host without a title of its own goes by its program's name.
+    // A host without a title of its own is called by its program's name.
     EXPECT_EQ(L"frame_tests", watcher.seen()[0].title);
 }
 

@@ -1,5 +1,6 @@
-// State of threads: each has its own, and it goes with the thread or with the module. A program has no entry
-// point that hears of ending threads, as the component has, so here they say so themselves.
+// State of threads: each thread has its own, which is freed with the thread or with the module. A program has
+// no entry point that reports ending threads, as the component has, so the threads report their end
+// themselves.
 #include "frame/values/per_thread.h"
 
 #include <gtest/gtest.h>
@@ -36,7 +37,7 @@ TEST(PerThread, eachThreadHasItsOwn) {
         });
         EXPECT_EQ(0, seen);
         EXPECT_EQ(1, states.mine().value);
-        // The other thread ended without a word; its state goes with the object.
+        // The other thread did not report its end, so its state is freed with the object.
         EXPECT_EQ(2, living);
     }
     EXPECT_EQ(0, living);

@@ -181,7 +181,7 @@ TEST(OemAnsi, convertBothWays) {
     // Both code pages have the letters of French; they come back.
     const Text letters = L"àâäçéèêëîïôöùûüÿÇÉ";
     EXPECT_EQ(letters, OemVersAnsi(AnsiVersOem(letters)));
-    // Nothing is converted behind a NUL character, and nothing is lost.
+    // After a NUL character nothing is converted and nothing is lost.
     EXPECT_EQ(Text(L"\u201A\0é", 3), AnsiVersOem(TextView(L"é\0é", 3)));
     EXPECT_EQ(Text(40000, L'\u201A'), AnsiVersOem(Text(40000, L'é')));
 }

@@ -1,4 +1,4 @@
-// That the counters of the leak tests count.
+// The counters of the leak tests really count.
 #include "support/resource_count.h"
 #include "frame/values/winapi.h"
 
@@ -33,7 +33,7 @@ HWND window(DWORD style, HWND parent = nullptr) {
 }
 
 TEST(ResourceCount, countsWindows) {
-    // A thread's first window brings one of the input method's, which goes with the last.
+    // A thread's first window also makes a window of the input method, which goes with the last one.
     const auto first = window(WS_OVERLAPPED);
     const auto before = Resources::held().windows;
     const auto parent = window(WS_OVERLAPPED);

@@ -1,4 +1,4 @@
-// The shared routines that ask Windows, with real files; and the larger and smaller of two values.
+// The shared routines that ask Windows, with real files, and the larger and smaller of two values.
 #include "frame/shared/comparison.h"
 #include "frame/shared/files.h"
 #include "frame/values/ansi.h"
@@ -40,7 +40,7 @@ TEST(Shared, foldersOfPathsExist) {
     EXPECT_FALSE(ExisteDossier(temporary.path(L"rien\\rien.txt")));
     EXPECT_FALSE(ExisteDossier(file + L"\\x"));
     EXPECT_FALSE(ExisteDossier(L"Q:\\x"));
-    // Without a backslash the whole path is the folder; nothing at all is the root.
+    // Without a backslash the whole path is the folder; an empty path is the root.
     EXPECT_FALSE(ExisteDossier(L"rien"));
     EXPECT_TRUE(ExisteDossier(L"C:"));
     EXPECT_TRUE(ExisteDossier(L""));
@@ -63,7 +63,7 @@ TEST(Shared, onlyFilesAreDeleted) {
     EXPECT_FALSE(SupprimeFichier(temporary.path(L"*")));
 }
 
-/// The folder for temporary files is another one for as long as this lives.
+/// Another folder for temporary files as long as this exists.
 class TemporaryFilesIn {
 public:
     explicit TemporaryFilesIn(const wchar_t* folder) {
@@ -130,7 +130,7 @@ DWORD WINAPI removeLater(void* given) {
     return DeleteFileW(removal.file.c_str()) ? 0 : GetLastError();
 }
 
-// The extension leads every name to one file, which goes away while names are being drawn.
+// With this extension every drawn name leads to the same file, which is deleted while names are being drawn.
 TEST(Shared, takenTemporaryNamesAreDrawnAgain) {
     const TemporaryFolder temporary;
     const auto folder = temporary.folder(L"noms");

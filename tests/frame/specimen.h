@@ -1,5 +1,5 @@
-// A class that is published for the tests alone, with a member for everything that a publication can
-// say. Its library is written by the same writer as the component's.
+// A class that is published for the tests only, with a member for everything that a publication can express.
+// The component's type-library writer writes its library too.
 #pragma once
 
 #include "frame/com/publication.h"

@@ -20,7 +20,7 @@ protected:
         return invoke(specimen.get(), name, std::move(arguments), flags);
     }
 
-    /// The slot `index` behind the seven of IDispatch, as an early-bound host calls it.
+    /// Calls the slot `index`, counted after the seven of IDispatch, as an early-bound host does.
     template <class... Raw>
     HRESULT slot(std::size_t index, Raw... raw) {
         using Function = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, Raw...);

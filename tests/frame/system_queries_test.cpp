@@ -1,4 +1,4 @@
-// What members ask the system: really, and with each of its answers in turn.
+// The questions about the system, with the real answers and with each possible one.
 #include "frame/shared/system_queries.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@ namespace {
 
 const HMODULE program = GetModuleHandleW(nullptr);
 
-// What the system says its version is, for as long as this lives.
+// A version reported by the system, as long as this exists.
 class FakeVersion {
 public:
     FakeVersion(DWORD major, DWORD minor, DWORD platform, std::string servicePack) {
@@ -69,7 +69,7 @@ TEST(VersionWindows, aSystemThatDoesNotAnswerIsUnknown) {
     EXPECT_EQ(L"Windows ", name);
 }
 
-// Wine gives each program the version that its user wants for it.
+// Under Wine the user can choose a version of Windows for each program.
 class ProgramVersion {
 public:
     explicit ProgramVersion(std::wstring_view version) {
@@ -150,13 +150,13 @@ TEST(InfoLocale, whatTheSystemAnswers) {
     EXPECT_EQ(L"", InfoLocale(1));
     answered.assign("ab\0cd", 5);
     EXPECT_EQ(L"ab", InfoLocale(1));
-    // A failing call's buffer is not looked at.
+    // What a failed call leaves in the buffer is not used.
     locale.answer([](LCID, LCTYPE, LPSTR buffer, int) -> int {
         buffer[0] = 'z';
         return 0;
     });
     EXPECT_EQ(L"", InfoLocale(1));
-    // An item without a NUL ends with its room.
+    // An item without a NUL ends where the buffer does.
     locale.answer([](LCID, LCTYPE, LPSTR buffer, int size) -> int {
         std::string(50, 'y').copy(buffer, static_cast<std::size_t>(size));
         return size;

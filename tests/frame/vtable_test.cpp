@@ -51,7 +51,7 @@ TEST_F(SpecimenTest, stringsAndVariantsThroughTheVtable) {
     EXPECT_EQ(S_OK, slot(slotOf(L"Variable"), text(L"v").raw(), &result));
     EXPECT_EQ(VT_BSTR, result.vt);
     VariantClear(&result);
-    // A variant that refers to a script's variable gives what that holds.
+    // A variant that refers to a script's variable has that variable's value.
     Variant variable(std::int16_t{4});
     EXPECT_EQ(S_OK, slot(slotOf(L"Variable"), byReference(variable).raw(), &result));
     EXPECT_EQ(VT_I2, result.vt);
@@ -96,8 +96,8 @@ TEST_F(SpecimenTest, propertiesAndFieldsThroughTheVtable) {
     EXPECT_EQ(VARIANT_TRUE, active);
 }
 
-// Every member that the type library describes is called both ways with its types' zero values; a slot
-// that took other arguments than published would lose the stack or answer differently.
+// Calls every member in the type library both ways, with zero values of its types. A slot whose arguments
+// differ from the published ones would corrupt the stack or answer differently.
 TEST_F(SpecimenTest, everyDescribedMemberAnswersBothWays) {
     ComPointer<ITypeInfo> description;
     ASSERT_EQ(S_OK, specimenLibrary.describe(publication.interfaceId(), description.put()));

@@ -27,7 +27,7 @@ verdict() {
     fi
 }
 
-# What must go well for the next verdict to mean anything.
+# Steps that must succeed before the next check means anything.
 first_of_all() {
     "$@" && return
     echo "FAILED  with $?: $*"
@@ -53,7 +53,7 @@ registry_has() { grep -q "$1" "$scratch/$2.txt"; }
 registry_lacks() { ! grep -q "$1" "$scratch/$2.txt"; }
 all_classes_answer() { on_wine cscript //nologo "$(windows_path "$here/all_classes.js")" | tr -d '\r' | grep -qx '12 created'; }
 
-# The first runs of each program write settings of their own.
+# The first run of each program writes settings of its own.
 on_wine cscript //nologo "$(windows_path "$here/all_classes.js")" >/dev/null 2>&1 || true
 on_wine $regsvr32 /s "$(windows_path "$scratch/absent.dll")" >/dev/null 2>&1 || true
 snapshot warm

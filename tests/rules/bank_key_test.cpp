@@ -11,7 +11,7 @@
 namespace vorla {
 namespace {
 
-// What the format of 11 digits makes of a whole number.
+// A whole number in the format of 11 digits.
 Text formatted(TextView digits) { return zeroFilled(digits, 11).text(); }
 
 TEST(AccountDigits, FollowTheTableForCapitals) {
@@ -28,8 +28,8 @@ TEST(AccountDigits, KeepDigitsAndTheSignsBelowThem) {
     EXPECT_EQ(accountDigits(L"\t"), L"\t");
 }
 
-// Codes count on behind the capitals, "a" is 97: 97 - 81 = 16. The signs between "9" and "A" stand 6 to 1
-// before the ten that "@" completes.
+// Codes continue counting after the capitals: "a" is 97, and 97 - 81 = 16. The signs between "9" and "A" are
+// 6 to 1 before "@", which stands for ten.
 TEST(AccountDigits, GiveEveryOtherCharacterADigit) {
     EXPECT_EQ(accountDigits(L"abcdefghijklmnopqrstuvwxyz"), L"67890123456789012345678901");
     EXPECT_EQ(accountDigits(L":;<=>?@"), L"4567890");
@@ -66,7 +66,7 @@ TEST(BankRemainder, TakesEveryCodeForItsLeadingNumber) {
     EXPECT_EQ(bankRemainder(L"", L"", L""), 0);
     // A text shorter than 6 characters counts twice: 1 and 1 give 100001, and 100001 = 97 x 1030 + 91.
     EXPECT_EQ(bankRemainder(L"0", L"0", L"1/2"), 91);
-    // Of more than 11 characters the middle is not looked at.
+    // If there are more than 11 characters, those in the middle do not count.
     EXPECT_EQ(bankRemainder(L"1", L"2", L"000001999900002"), bankRemainder(L"1", L"2", L"00000100002"));
 }
 
@@ -117,7 +117,7 @@ TEST(BankRemainder, AgreesWithTheLongDivision) {
             ++zeros;
             ASSERT_EQ(bankKey(actual), 0);
         } else {
-            // The 23 digits with the key behind them are a multiple of 97.
+            // The 21 digits followed by the key are a multiple of 97.
             const auto key = bankKey(actual);
             ASSERT_EQ((expected * 100 + key) % 97, 0);
             ASSERT_TRUE(bankKeyFits(actual, std::to_wstring(key)));

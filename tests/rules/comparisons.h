@@ -44,7 +44,7 @@ namespace compare {
 
 inline Comparison fields(Arguments& arguments) {
     const Text text = arguments.farText(L"a;\t", 15, L'x');
-    // The twin searches a text once for each rank, which a long text and a high rank make endless.
+    // The twin searches the text once for each rank, which takes too long for a long text and a high rank.
     const auto drawn = arguments.number();
     const auto rank = text.size() > 15 ? static_cast<std::int16_t>(drawn % 20) : drawn;
     const Text separator = arguments.text(L"a;", 3);
@@ -115,7 +115,7 @@ inline Comparison keys(Arguments& arguments) {
                     outcomeOf([&] { return naive::keyOfText(key, width); }));
 }
 
-// Two codes of one counter, since a call must leave nothing behind for the next.
+// Two codes of the same counter, because a call must not affect the next one.
 inline Comparison nextCode(Arguments& arguments) {
     naive::Counter counter;
     for (const bool last : {false, true}) {
@@ -145,7 +145,7 @@ inline Comparison piece(const Text& path, std::int32_t part, bool isFolder) {
     return result;
 }
 
-// One path in all modes, and once under a number that may be none of them.
+// One path in all modes, and under a number that may not be a mode.
 inline Comparison paths(Arguments& arguments) {
     const TextView beginnings[] = {L"", L"C:\\", L"\\\\", L"\\\\s\\h", L"\\", L"C:"};
     const Text path = Text(beginnings[arguments.byte() % std::size(beginnings)]) +
@@ -165,8 +165,8 @@ inline Comparison extensions(Arguments& arguments) {
                     outcomeOf([&] { return naive::withExtension(path, old, wanted); }));
 }
 
-// Both ways, and there and back: what was no group before is the text again, and what stands in a file has no
-// line breaks.
+// Escaping, unescaping, and both in turn: a text without groups comes back, and an escaped text has no line
+// breaks.
 inline Comparison escapes(Arguments& arguments) {
     const Text text = arguments.farText(L"\r\n\u00FF\u00FF{lrfe}=", 31, L'x');
     const Text written = language::escaped(text);
@@ -241,7 +241,7 @@ inline Comparison amounts(Arguments& arguments) {
                     outcomeOf([&] { return naive::storedAmount(text, separator); }));
 }
 
-// Whole accounts against the long division; any other text must only be read safely.
+// Whole accounts are compared with the long division; any other text must only be read safely.
 inline Comparison bankKey(Arguments& arguments) {
     const auto code = [&](TextView alphabet, std::size_t length) {
         Text result(length, L'0');
@@ -292,7 +292,7 @@ inline Comparison versions(Arguments& arguments) {
         outcomeOf([&] { return naive::versionName(facts.major, facts.minor, facts.platform, servicePack); }));
 }
 
-// Now and then with so many digits that only an exponent brings the number back into the range, or out of it.
+// Sometimes with so many digits that only the exponent brings the number into the range, or out of it.
 inline Comparison leadingNumbers(Arguments& arguments) {
     const TextView alphabet = L"0159+-.eEdD \t\nx,";
     Text text = arguments.text(alphabet, 7);
@@ -301,7 +301,7 @@ inline Comparison leadingNumbers(Arguments& arguments) {
     text += arguments.text(alphabet, 15);
     const auto digits = [](double number) {
         wchar_t written[40];
-        // A zero has no sign that hosts could see.
+        // Hosts cannot see the sign of a zero.
         std::swprintf(written, std::size(written), L"%.17g", number + 0.0);
         return Text(written);
     };

@@ -25,7 +25,7 @@ TEST(DateSeparator, IsTheFirstCharacterThatIsNoNumberAndGoesEverywhere) {
 TEST(DateSeparator, OfTheSystemIsTheThirdCharacterOfToday) {
     EXPECT_EQ(separatorOf(L"15/11/2026"), L"/");
     EXPECT_EQ(separatorOf(L"15.11.26"), L".");
-    // Behind a single digit stands another one.
+    // After a single digit it is not the separator.
     EXPECT_EQ(separatorOf(L"2/3/2026"), L"3");
     EXPECT_EQ(separatorOf(L"15/"), L"/");
     EXPECT_EQ(separatorOf(L"15"), L"");

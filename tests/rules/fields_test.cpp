@@ -241,7 +241,7 @@ TEST(Fields, PastTheLastPositionRaiseOverflow) {
         {L"y;" + fill(40000), 1, L";", L"y"},
         {L"y;" + fill(40000), 2, L";", Raises(6)},
         {fill(40000) + L";", 1, L";", Raises(6)},
-        // A search that begins behind the last position finds nothing, and the ranks wrap.
+        // A search that begins after the last position finds nothing, and the ranks wrap.
         {fill(32765) + L";", 1, L";", fill(32765)},
         {fill(32765) + L";", 2, L";", L""},
         {fill(32765) + L";", 3, L";", L""},

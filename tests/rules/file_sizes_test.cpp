@@ -10,7 +10,7 @@
 namespace vorla {
 namespace {
 
-// Formats that say which was asked and for what number, the grouped one padded as the system pads it.
+// Formats that name themselves and their number; the grouped one is padded as the system pads it.
 class NamingFormats final : public SizeFormats {
 public:
     Text whole(double number) const override { return named(L"whole", number); }

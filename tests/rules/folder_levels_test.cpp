@@ -1,4 +1,4 @@
-// Which levels are created on the way to a folder, over a disk that is a set of names.
+// The levels created for a folder, on a disk that is a set of names.
 #include "system/folder_levels.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +11,8 @@
 namespace vorla {
 namespace {
 
-// Creates `folder` on a disk that holds `existing`; what was asked to be created, up to the first refusal.
+// Creates `folder` on a disk that contains `existing`. Returns the folders that were to be created, up to the
+// first refusal.
 std::vector<Text> created(TextView folder, std::size_t drive, std::set<Text> existing,
                           TextView refused = L"?") {
     std::vector<Text> asked;
@@ -28,7 +29,7 @@ using Levels = std::vector<Text>;
 
 TEST(FolderLevels, NothingIsCreatedOfWhatExists) {
     EXPECT_EQ(created(L"C:\\A\\B\\", 2, {L"C:\\", L"C:\\A\\", L"C:\\A\\B\\"}), Levels());
-    // Even where the levels above cannot be seen.
+    // Even if the levels above cannot be seen.
     EXPECT_EQ(created(L"C:\\A\\B\\", 2, {L"C:\\A\\B\\"}), Levels());
     EXPECT_EQ(created(L"C:\\", 2, {L"C:\\"}), Levels());
 }

@@ -1,5 +1,5 @@
-# The fuzz targets of the rules that read text. As tests they run briefly and always alike; with
-# VORLA_FUZZ_SECONDS in the environment each looks for that long, from another seed each time.
+# The fuzz targets of the rules that read text. As tests they run briefly, with the same inputs each time.
+# With VORLA_FUZZ_SECONDS in the environment each runs that long, with a new seed each time.
 
 foreach(rule fields terminator columns replacement occurrences quoting keys nextCode
              paths extensions folderLevels escapes controlKeys messages amounts bankKey dateOrder

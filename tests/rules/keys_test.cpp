@@ -51,7 +51,7 @@ TEST(NumericKey, IsNeverCut) {
     });
 }
 
-// The width is one of digits; the sign comes on top.
+// The width counts digits only, without the sign.
 TEST(NumericKey, KeepsItsMinusSignInFrontOfTheZeros) {
     expectZeroFilled({
         {L"-42", 6, L"-000042"},
@@ -161,7 +161,7 @@ TEST(NextCode, LeavesACodeUnchangedThatEndsInNoDigit) {
         {L"1 ", 0, L"1 "},
         {L"Z ", 0, L"Z "},
         {L"\u00E9", 0, L"\u00E9"},
-        // A full-width 1 and a Greek capital alpha look like digits and are none.
+        // A full-width 1 and a Greek capital alpha look like digits but are not.
         {L"\uFF11", 0, L"\uFF11"},
         {L"\u0391", 0, L"\u0391"},
         {L"1\0"s, 0, L"1\0"s},

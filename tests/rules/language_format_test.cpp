@@ -79,7 +79,7 @@ TEST(LanguageFormat, WhatIsNoGroupStays) {
         EXPECT_EQ(text, unescaped(text)) << shown(text);
     // The first of two begins none, the second does.
     EXPECT_EQ(L"\u00FF\r\n", unescaped(L"\u00FF\u00FF{l}"));
-    // What is put in is not looked at again.
+    // A replaced group is not searched again.
     EXPECT_EQ(L"\u00FF{=l}", unescaped(L"\u00FF{\u00FF{e}l}"));
 }
 
@@ -88,7 +88,7 @@ TEST(LanguageFormat, WhatHeldAGroupDoesNotComeBack) {
     EXPECT_EQ(L"=", unescaped(escaped(L"\u00FF{e}")));
 }
 
-// Every text of up to six of the characters that matter, but for those: there and back.
+// Escapes and unescapes every text of up to six of the special characters.
 TEST(LanguageFormat, TextsComeBack) {
     constexpr TextView alphabet = L"\r\n\u00FF{l}";
     std::size_t texts = 0;

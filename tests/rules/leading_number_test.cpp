@@ -56,7 +56,7 @@ TEST(LeadingNumber, IsTheLongestNumericPrefix) {
         {L"-1E400", -infinity},
         {L"1E-400", 0},
         {Text(400, L'9'), infinity},
-        // Whatever the exponent says, all digits together decide which way a number leaves the range.
+        // All digits together with the exponent decide whether a number is too large or too small.
         {Text(400, L'9') + L"E-5", infinity},
         {Text(400, L'9') + L"E-", infinity},
         {L"-" + Text(400, L'9') + L"E-5", -infinity},

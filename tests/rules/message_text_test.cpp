@@ -19,11 +19,11 @@ TEST(MessageText, ValuesTakeTheirPlaces) {
     EXPECT_EQ(L"%%1,,%%1", withValue(L"%%1,%%2,%%1", 2, L""));
     EXPECT_EQ(L"", withValue(L"", 1, L"x"));
     EXPECT_EQ(L"%1 %% 1", withValue(L"%1 %% 1", 1, L"x"));
-    // The first place that fits counts, and a digit behind it is none of its business.
+    // The first placeholder that fits counts, and a digit after it does not matter.
     EXPECT_EQ(L"%x", withValue(L"%%%1", 1, L"x"));
     EXPECT_EQ(L"x0", withValue(L"%%10", 1, L"x"));
     EXPECT_EQ(L"xx", withValue(L"%%4%%4", 4, L"x"));
-    // What a value brings is not looked at again, alone or with what stands around it.
+    // The value is not searched, alone or together with the text around it.
     EXPECT_EQ(L"%%1", withValue(L"%%1", 1, L"%%1"));
     EXPECT_EQ(L"%%11", withValue(L"%%%11", 1, L"%1"));
     EXPECT_EQ(L"a&b", withValue(L"%%1", 1, L"a&b"));

@@ -1,6 +1,6 @@
-// The rules once more, one step at a time: positions count from 1, each search begins afresh and tries
-// every place, each step copies whole texts. Slow and plain on purpose, and sharing nothing with the
-// rules but the numbers of the errors: what the rules do in one pass is held against this.
+// Naive versions of the rules, one step at a time: positions count from 1, each search starts again and tries
+// every place, and each step copies whole texts. They are slow and plain on purpose and share only the error
+// numbers with the rules, which do the same in one pass and are compared with them.
 #pragma once
 
 #include <cstdlib>
@@ -14,7 +14,7 @@ using String = std::wstring;
 
 [[noreturn]] inline void invalidCall() { throw RuntimeError(ErrorNumber::invalidProcedureCall); }
 
-// A position or count that is put into a 16-bit variable.
+// A position or count stored in a 16-bit variable.
 inline long kept(long value) {
     if (value > 32767) throw RuntimeError(ErrorNumber::overflow);
     return value;
@@ -155,14 +155,14 @@ inline String keyOfNumber(String number, long longueur) {
     return sign + number;
 }
 
-// An upper-cased key that is no number.
+// An upper-cased key that is not a number.
 inline String keyOfText(const String& upperCased, long longueur) {
     const String zeros = repeated(longueur, L'0');
     const String key = trim(upperCased);
     return key.empty() ? zeros : left(key + repeated(longueur, L' '), longueur);
 }
 
-// Keeps the carry position between a call and the call it makes, as the object does that hosts see.
+// Keeps the carry position between a call and the call that it makes, as the published object does.
 class Counter {
 public:
     String numLet(const String& chaine, long longueur) {
@@ -242,8 +242,8 @@ inline String withExtension(String path, const String& old, const String& wanted
     return path;
 }
 
-// What is asked to be created, each with a bar behind it, where every folder up to the `existing`-th
-// character exists and the first level that ends at the `refused`-th or later is refused.
+// The folders that are to be created, with a bar after each. Every folder up to the `existing`-th character
+// exists, and the first level that ends at the `refused`-th or later is refused.
 inline String createdLevels(const String& folder, long drive, long existing, long refused) {
     const long root = middle(folder, drive + 1, 1) == L"\\" ? drive + 1 : drive;
     long reached = root;
@@ -287,7 +287,7 @@ inline long bankRemainder(const String& bank, const String& branch, const String
     return remainder;
 }
 
-// What stands in for `sought` is not searched again.
+// The replacement is not searched again.
 inline String replacedEverywhere(const String& text, const String& sought, const String& replacement) {
     String w = text;
     for (long p = firstPlace(w, sought, 1); p != 0; p = firstPlace(w, sought, p + length(replacement)))

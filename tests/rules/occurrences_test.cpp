@@ -50,7 +50,7 @@ TEST(Occurrences, OfOrInNothingAreNone) {
 TEST(Occurrences, CompareByCharacterCode) {
     expectOccurrences({
         {L"Abcabc", L"ABC", 1, 0.0f},
-        // What a caller that ignores case passes.
+        // The texts of a caller that ignores case.
         {L"abcabc", L"abc", 1, 2.0f},
         {L"Abcabc", L"abc", 1, 1.0f},
         {L"\u00E9\u00C9\u00E9", L"\u00E9", 1, 2.0f},

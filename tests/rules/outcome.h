@@ -1,5 +1,5 @@
-// What a rule does with its arguments: it gives a value or raises a run-time error. Both are one value
-// here, so that a row or an oracle states either in the same place.
+// The outcome of a rule: a value or a run-time error. Both are one C++ value here, so that a row or a naive
+// twin can state either.
 #pragma once
 
 #include <concepts>

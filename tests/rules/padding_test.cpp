@@ -56,7 +56,7 @@ TEST(Columns, LoseSurroundingSpacesBeforeAnythingElse) {
         {L"  abc  ", 5, L"abc  ", L"  abc"},
         {L" 12.5", 6, L"12.5  ", L"  12.5"},
         {L"abc ", 3, L"abc", L"abc"},
-        // Tabs, line ends and no-break spaces are no spaces.
+        // Tabs, line ends and no-break spaces do not count as spaces.
         {L"\tab\t", 6, L"\tab\t  ", L"  \tab\t"},
         {L" \t ", 2, L"\t ", L" \t"},
         {L"\u00A0a", 3, L"\u00A0a ", L" \u00A0a"},

@@ -50,7 +50,7 @@ TEST(Paths, WithoutADrive) {
     });
 }
 
-// Only the folder and the name come back whole; there is no folder to take a drive from.
+// The folder and the name are the whole path; there is no drive.
 TEST(Paths, WithoutABackslash) {
     expectPiecesOfFile({
         {L"Report.txt", {L"Report.txt", L"Report.txt", L"txt", L"Report", L"", L"", L"\\"}},
@@ -74,7 +74,7 @@ TEST(Paths, OnTheNetwork) {
         // The share is the last name: its end is the path's.
         {L"\\\\srv\\share",
          {L"\\\\srv\\", L"share", L"", L"share", L"", L"\\\\srv\\share", L"\\\\srv\\share\\"}},
-        // A colon makes no drive of it.
+        // In a network path a colon makes no drive.
         {L"\\\\srv\\c:\\f", {L"\\\\srv\\c:\\", L"f", L"", L"f", L"\\", L"\\\\srv\\c:", L"\\\\srv\\c:\\"}},
         // No share, no drive.
         {L"\\\\srv", {L"\\\\", L"srv", L"", L"srv", L"\\\\", L"", L"\\"}},
@@ -98,7 +98,7 @@ TEST(Paths, OfExistingFoldersAreFolderOnly) {
         {L"\\\\srv\\share\\d",
          {L"\\\\srv\\share\\d", L"", L"", L"", L"\\d", L"\\\\srv\\share", L"\\\\srv\\share\\"}},
         {L"\\\\srv\\share", {L"\\\\srv\\share", L"", L"", L"", L"", L"\\\\srv\\share", L"\\\\srv\\share\\"}},
-        // Without a backslash nobody asks whether it is one, where the whole path is the answer anyway.
+        // Without a backslash the folder test is not called where the whole path is the answer anyway.
         {L"Data.x", {L"Data.x", L"Data.x", L"", L"", L"Data.x", L"", L"\\"}},
         {L"C:", {L"C:", L"C:", L"", L"", L"", L"C:", L"C:\\"}},
     });
@@ -140,7 +140,8 @@ TEST(Paths, TakeUpToFourCharactersForAnExtension) {
     }
 }
 
-// "x" is one character, so its colon is the second; dropping two characters from other places is what it is.
+// A drive of one letter ends at the second character. Where the colon stands elsewhere, two characters are
+// dropped all the same.
 TEST(Paths, LoseTwoCharactersToAColonAnywhere) {
     const auto noFolder = [](TextView) { return false; };
     const auto withoutDrive = [&](TextView path) {

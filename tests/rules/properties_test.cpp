@@ -1,4 +1,4 @@
-// Every rule agrees with its naive twin, in value and in error, for arguments drawn by chance.
+// Every rule agrees with its naive twin, in value and in error, for random arguments.
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@
 namespace vorla {
 namespace {
 
-// `errors` are all that the draw must bring up (0: a value), so that it cannot lose its edges unnoticed.
+// `errors` lists the outcomes that must occur (0 is a value), so that the edges cannot be lost unnoticed.
 void expectAgreement(Comparison (*compareOne)(Arguments&), const std::set<int>& errors) {
     std::mt19937 random(20240229);
     std::array<std::uint8_t, 96> bytes;

@@ -76,7 +76,7 @@ TEST(Replacement, BeginsAtTheStartPosition) {
         {L"aaaa", L"a", L"b", 0, 0, L"baba"},
         {L"aaaa", L"a", L"b", -1, 0, L"baba"},
         {L"aaaa", L"a", L"b", -32768, 0, L"baba"},
-        // What begins before the start is not met, though it ends behind it.
+        // An occurrence that begins before the start is not found, even if it ends after it.
         {L"abab", L"ab", L"x", 2, 0, L"abx"},
     });
 }
@@ -112,7 +112,7 @@ TEST(Replacement, ByNothingKeepsToItsLimitAndStart) {
         {L"aaaa", L"a", L"", 0, 1, L"aaa"},
         {L"aabb", L"ab", L"", 0, 1, L"ab"},
         {L"aaabbb", L"ab", L"", 0, 2, L"ab"},
-        // The gap closes across the start, behind which the search stays.
+        // The gap closes across the start, and the search stays after it.
         {L"aabb", L"ab", L"", 2, 0, L"ab"},
         {L"aabbab", L"ab", L"", 0, 2, L"ab"},
         {L"aabbab", L"ab", L"", 2, 0, L"ab"},
@@ -142,7 +142,7 @@ TEST(Replacement, NeedsTheLengthAsALimitAndRaisesOverflowWhenItIsTooLong) {
         {fill(32768), L"a", L"b", 0, 0, Raises(6)},
         {fill(32768), L"a", L"b", 0, -1, Raises(6)},
         {fill(32768), L"a", L"b", 0, 1, fill(32768)},
-        // Before anything else is looked at.
+        // This is checked first.
         {fill(32768), L"", L"b", 0, 0, Raises(6)},
         {fill(32768), L"", L"b", 0, 1, fill(32768)},
         {fill(32768), L"a", L"", 32767, 0, Raises(6)},
@@ -158,7 +158,7 @@ TEST(Replacement, OfAnOccurrencePastTheLastPositionRaisesOverflow) {
         {fill(32766) + L"a", L"a", L"", 0, 0, fill(32766)},
         {fill(32766) + L"aa", L"a", L"", 0, 2, fill(32766)},
         {fill(32767) + L"a", L"a", L"", 0, 1, Raises(6)},
-        // Positions are those of the text as it has become.
+        // Positions count in the text after the replacements so far.
         {L"abab" + fill(32763) + L"ab", L"ab", L"", 0, 3, fill(32763)},
         // The text may be longer where nothing is met.
         {L"a" + fill(40000), L"a", L"b", 0, 2, L"b" + fill(40000)},

@@ -1,4 +1,4 @@
-// Arguments and outcomes as they stand in failure messages.
+// Arguments and outcomes as text for failure messages.
 #pragma once
 
 #include <concepts>
@@ -9,8 +9,8 @@
 
 namespace vorla {
 
-/// The text in quotes. What is not printable ASCII stands as its code; a run of one character stands
-/// as that character and its count, so that texts at the 16-bit limits stay readable.
+/// The text in quotes. Other characters than printable ASCII are written as their codes, and a run of one
+/// character as the character and its count, so that texts at the 16-bit limits stay readable.
 inline std::string shown(TextView text) {
     std::string result = "\"";
     for (std::size_t i = 0; i < text.size();) {

@@ -86,7 +86,7 @@ TEST(RuntimeErrors, CarryTheirNumber) {
     EXPECT_EQ(static_cast<int>(RuntimeError(ErrorNumber::invalidProcedureCall).number()), 5);
     EXPECT_EQ(static_cast<int>(RuntimeError(ErrorNumber::overflow).number()), 6);
     EXPECT_EQ(static_cast<int>(RuntimeError(ErrorNumber::invalidUseOfNull).number()), 94);
-    // Numbers that only a host knows pass through as they are.
+    // Numbers that only hosts define pass through unchanged.
     EXPECT_EQ(static_cast<int>(RuntimeError(std::uint16_t{1004}).number()), 1004);
     EXPECT_EQ(static_cast<int>(RuntimeError(std::uint16_t{65535}).number()), 65535);
 }

@@ -48,7 +48,7 @@ TEST(VersionName, OSR2IsNeverTheFieldOfASystem) {
     expectName({4, 0, 1, field(L"C"), 2, L"95"});
     expectName({4, 0, 1, field(L" C"), 2, L"95"});
     expectName({4, 0, 1, L"C" + Text(127, L' '), 2, L"95"});
-    // Only a field of one character would be it.
+    // Only a field of exactly one character would match.
     expectName({4, 0, 1, L"C", 3, L"95 OSR2"});
     expectName({4, 0, 2, L"C", 7, L"NT 4"});
 }
@@ -60,7 +60,7 @@ TEST(VersionName, SecondEditionIsToldByTheFirstCharacterBehindTheBlanks) {
     expectName({4, 10, 1, field(L"\tA"), 4, L"98"});
     expectName({4, 10, 1, Text(128, L' '), 4, L"98"});
     expectName({4, 10, 1, L"", 4, L"98"});
-    // The platform is not asked.
+    // The platform does not matter.
     expectName({4, 10, 2, field(L"A"), 5, L"98 Second Edition"});
 }
 

@@ -20,10 +20,10 @@ TEST(Waiting, IsOverWhenItsTimeHasPassed) {
 TEST(Waiting, IsOverWhenTheCounterStartsOver) {
     EXPECT_TRUE(isWaitOver(1000, 999, 20));
     EXPECT_TRUE(isWaitOver(4294967280u, 5, 1000));
-    // Its end lies past the counter's: it waits until the counter starts over.
+    // The wait would end after the counter starts over, so it ends when that happens.
     EXPECT_FALSE(isWaitOver(4294967280u, 4294967295u, 1000));
     EXPECT_FALSE(isWaitOver(4294967280u, 4294967295u, std::numeric_limits<std::int32_t>::max()));
-    // Half of the counter's range is nothing special.
+    // The middle of the counter's range is not special.
     EXPECT_FALSE(isWaitOver(2147483640u, 2147483650u, 20));
     EXPECT_TRUE(isWaitOver(2147483640u, 2147483660u, 20));
 }

@@ -37,7 +37,7 @@ TEST(Words, AreJoined) {
     EXPECT_EQ(joinedWords(0, -1), bits(0xFFFF0000));
     // Only the low words count.
     EXPECT_EQ(joinedWords(0x50002, 0x60001), 65538);
-    // A low word of &H8000 or more covers the high one.
+    // A low word of &H8000 or more overwrites the high one.
     EXPECT_EQ(joinedWords(0xFFFF, 1), -1);
     EXPECT_EQ(joinedWords(0x8000, 0x1234), -32768);
     EXPECT_EQ(joinedWords(-2, 0), -2);
@@ -51,7 +51,7 @@ TEST(Bytes, AreJoined) {
     EXPECT_EQ(joinedBytes(0x100, 0x100), 0);
 }
 
-// Every low word with a few high ones: what was joined comes apart again, unless the low one covers it.
+// Every low word with a few high ones: both come back, unless the low one overwrites the high one.
 TEST(Words, ComeApartAsTheyWereJoined) {
     for (std::int32_t low = -32768; low < 32768; ++low)
         for (const std::int32_t high : {-32768, -1, 0, 1, 32767}) {
@@ -70,7 +70,7 @@ TEST(Words, ComeApartAsTheyWereJoined) {
 TEST(SignedWord, HasTheBitsOfTheUnsignedOne) {
     for (std::int32_t value = -32768; value < 32768; ++value) ASSERT_EQ(signedWord(value), value);
     for (std::int32_t value = 32768; value < 65536; ++value) ASSERT_EQ(signedWord(value), value - 65536);
-    // Taken off once only.
+    // 65536 is subtracted only once.
     EXPECT_EQ(signedWord(65536), 0);
     EXPECT_EQ(signedWord(98303), 32767);
 }

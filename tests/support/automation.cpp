@@ -86,7 +86,7 @@ DISPID idOf(IDispatch* object, const wchar_t* name) {
 Outcome invoke(IDispatch* object, DISPID id, WORD flags, DISPPARAMS& parameters, LCID locale) {
     Outcome outcome;
     EXCEPINFO exception{};
-    // Poison that is safe to leave: a type that no result has.
+    // A poison that needs no freeing: a type that no result has.
     outcome.result.put()->vt = VT_I8;
     outcome.code = object->Invoke(id, IID_NULL, locale, flags, &parameters, outcome.result.put(), &exception,
                                   &outcome.badArgument);

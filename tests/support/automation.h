@@ -1,5 +1,5 @@
-// Calls of automation objects as a script host makes them, with outputs poisoned first so that "cleared"
-// and "left alone" differ.
+// Calls of automation objects as a script host makes them. Outputs are poisoned first, so that "cleared" and
+// "left alone" differ.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -17,7 +17,7 @@ namespace vorla::test {
 
 using Dispatch = ComPointer<IDispatch>;
 
-/// What one Invoke gave, every output of it.
+/// All outputs of one Invoke.
 struct Outcome {
     HRESULT code = E_FAIL;
     Variant result;
@@ -27,7 +27,7 @@ struct Outcome {
     std::wstring description;
 };
 
-/// Arguments in the order in which a host writes them, the named ones last.
+/// Arguments in the order in which a host writes them, named ones last.
 struct Arguments {
     Arguments() = default;
     Arguments(std::initializer_list<Variant> positional);
@@ -36,7 +36,7 @@ struct Arguments {
 
     DISPPARAMS parameters();
 
-    std::vector<VARIANT> reversed;  // as Invoke takes them
+    std::vector<VARIANT> reversed;  // in Invoke's order
     std::vector<DISPID> names;
     std::vector<Variant> owned;
 };
@@ -61,7 +61,7 @@ Outcome invoke(IDispatch* object, DISPID id, WORD flags, DISPPARAMS& parameters,
 Outcome invoke(IDispatch* object, const wchar_t* name, Arguments arguments = {},
                WORD flags = DISPATCH_METHOD | DISPATCH_PROPERTYGET, LCID locale = LOCALE_USER_DEFAULT);
 
-/// Type and value, readable: BSTR "abc", I2 5, EMPTY.
+/// Type and value as readable text: BSTR "abc", I2 5, EMPTY.
 std::string describe(const VARIANT& value);
 std::string narrow(std::wstring_view text);
 
@@ -71,7 +71,7 @@ void expectResult(const Outcome& outcome, const Variant& expected, const std::st
 /// Expects the exception of a run-time error.
 void expectError(const Outcome& outcome, int number, const std::string& what = {});
 
-/// The number of the run-time error that ends the work; 0 when none does.
+/// The number of the run-time error that ends the work; 0 when there is none.
 template <class Work>
 int errorOf(Work&& work) {
     try {
@@ -82,7 +82,7 @@ int errorOf(Work&& work) {
     }
 }
 
-/// Whether the user's settings are French; each suite runs under French and under English ones.
+/// Whether the user's settings are French. Each suite runs under French and under English settings.
 bool isFrench();
 
 }  // namespace vorla::test

@@ -1,4 +1,4 @@
-// The shell's dialog in which a folder is chosen, seen and used from another thread.
+// The shell's dialog for choosing a folder, read and used from another thread.
 #pragma once
 
 #include <string>
@@ -12,22 +12,22 @@ class BrowseDialog {
 public:
     explicit BrowseDialog(HWND dialog);
 
-    /// The name of the item that is selected in the tree; empty when none is.
+    /// The name of the selected item of the tree; empty when none is selected.
     std::wstring selected() const;
 
-    /// What the tree shows below the selected item, unfolded for it.
+    /// Unfolds the selected item and returns the names below it.
     std::vector<std::wstring> below() const;
 
-    /// Selects an item below the selected one; whether there is one of this name.
+    /// Selects an item below the selected one. False when none has this name.
     bool select(const std::wstring& name) const;
 
 private:
     HWND tree_;
 };
 
-/// Reads every folder on the way to a path. Wine's tree knows a folder by its access time too, and reading
-/// one that has just been changed, as it does while it looks for the start folder, makes that time a new one:
-/// it then opens on a folder further up. So this comes between changes and the dialog.
+/// Reads every folder on the way to a path. Call it between changing folders and opening the dialog: Wine's
+/// tree also knows a folder by its access time, and reading a changed folder, as the tree does while it looks
+/// for the start folder, renews that time. The dialog would then open on a folder further up.
 void readTheWayTo(const std::wstring& path);
 
 }  // namespace vorla::test

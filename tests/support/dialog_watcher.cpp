@@ -5,7 +5,7 @@
 namespace vorla::test {
 namespace {
 
-constexpr DWORD pause = 10;  // milliseconds between two looks
+constexpr DWORD pause = 10;  // milliseconds between two searches
 
 std::wstring textOf(HWND window) {
     std::wstring text(1000, L'\0');
@@ -34,7 +34,7 @@ struct Search {
     HWND found;
 };
 
-// A dialog whose button is there is complete.
+// A dialog is complete once its button exists.
 BOOL CALLBACK isDialog(HWND window, LPARAM parameter) {
     auto& search = *reinterpret_cast<Search*>(parameter);
     DWORD process = 0;

@@ -1,4 +1,4 @@
-// Answers the dialogs that the tested code opens, and keeps what was in them.
+// Answers the dialogs that the tested code opens, and keeps their contents.
 #pragma once
 
 #include <functional>
@@ -9,18 +9,18 @@
 
 namespace vorla::test {
 
-/// What the user would see of a dialog.
+/// A dialog as the user sees it.
 struct SeenDialog {
     std::wstring title;
     std::vector<std::wstring> texts;
     std::vector<std::wstring> buttons;
 };
 
-/// From its making to its end, a thread of its own finds each dialog box of this process, reads it and
-/// presses a button. Make it before the call that opens the box; look at `seen()` after that call.
+/// While this exists, a thread of its own finds each dialog box of this process, reads it and presses a
+/// button. Make it before the call that opens the box, and read `seen()` after that call.
 class DialogWatcher {
 public:
-    /// Works in a dialog, on the watcher's thread, and returns the number of the button to press.
+    /// Uses a dialog, on the watcher's thread, and returns the number of the button to press.
     using Answer = std::function<int(HWND dialog)>;
 
     explicit DialogWatcher(int buttonId = IDOK);
@@ -30,7 +30,7 @@ public:
     DialogWatcher& operator=(const DialogWatcher&) = delete;
     ~DialogWatcher();
 
-    /// In the order in which they opened. A dialog is complete here before its button is pressed.
+    /// The dialogs in the order in which they opened. A dialog is added here before its button is pressed.
     const std::vector<SeenDialog>& seen() const { return seen_; }
 
 private:
@@ -39,7 +39,7 @@ private:
     static DWORD WINAPI watch(void* self);
     void answer(HWND dialog);
 
-    const int buttonId_;  // a dialog that has it is complete
+    const int buttonId_;  // a dialog is complete once it has this button
     const Answer answer_;
     std::vector<SeenDialog> seen_;
     HANDLE stop_;

@@ -1,5 +1,5 @@
-// Every call of an imported function failing in turn: each run gives the right answer or one that the
-// member's failure policy allows, never a third thing, and leaves nothing behind.
+// Fails every call of an imported function in turn. Each run must give the right answer, or one that the
+// member's failure policy allows, and must leak nothing.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -18,11 +18,12 @@ namespace vorla::test {
 /// One way in which the system fails a module.
 struct Fault {
     std::string name;
-    /// Runs the work with the `number`-th call of the function failing; whether there was such a call.
+    /// Runs the work with the `number`-th call of the function failing. Returns whether there was such a
+    /// call.
     std::function<bool(HMODULE module, int number, const std::function<void()>& work)> run;
 };
 
-/// Calls of this function answer `failure`.
+/// A fault: calls of this function return `failure`.
 template <class Function, class Result>
 Fault fault(const char* dll, const char* function, Result failure, DWORD lastError = ERROR_GEN_FAILURE) {
     return {function, [=](HMODULE module, int number, const std::function<void()>& work) {
@@ -38,8 +39,7 @@ inline int calls = 0, failing = 0;
 inline void* __cdecl allocate(std::size_t size) { return ++calls == failing ? nullptr : std::malloc(size); }
 }  // namespace no_memory
 
-/// The module's own allocations. The runtime is not called as system functions are, so it has an
-/// interception of its own.
+/// The module's own allocations. Calls of the runtime cannot be intercepted like those of system functions.
 inline Fault noMemory() {
     return {"malloc", [](HMODULE module, int number, const std::function<void()>& work) {
                 const ImportPatch patch(module, "msvcrt.dll", "malloc",
@@ -51,20 +51,20 @@ inline Fault noMemory() {
             }};
 }
 
-/// Fails each call that `use` makes, in turn. A run in which one failed must answer one of `whenFailed` or
-/// be right all the same; the last, in which none did, must be right. Returns how many calls there were.
+/// Fails each call that `use` makes, in turn. A run in which one failed must be right or answer one of
+/// `whenFailed`. The last run, in which none failed, must be right. Returns the number of calls.
 inline int failEachCall(HMODULE module, const Fault& fault, const std::string& what,
                         const std::function<std::string()>& use, const std::string& right,
                         const std::set<std::string>& whenFailed) {
     constexpr int enough = 1000;
-    // Counting keeps handles of its own, and knows only blocks that were made after the first count began:
-    // what the first use replaces, every later one does too.
+    // Made before the first use, because a count knows only blocks that were allocated after the first count
+    // began. It must know the blocks that the first use leaves and later uses replace.
     const MemoryCount fromHereOn;
     EXPECT_EQ(right, use()) << what;
     for (int number = 1; number < enough; ++number) {
         const auto where = what + ", " + fault.name + " " + std::to_string(number);
         std::string answer;
-        // What the system and we keep on purpose is there before anything is counted.
+        // A first run, not counted, lets the system and the component make what they keep on purpose.
         fault.run(module, number, use);
         SetErrorInfo(0, nullptr);
         const auto before = Resources::held();

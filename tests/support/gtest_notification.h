@@ -1,5 +1,5 @@
-// GoogleTest makes its notifications of std::mutex, which the cross compilers' thread model lacks. This
-// one, of a Windows event, is imported before GoogleTest's own headers (GTEST_HAS_NOTIFICATION_).
+// GoogleTest builds its notifications on std::mutex, which the cross compilers' thread model lacks. This one
+// uses a Windows event. It is included before GoogleTest's own headers (GTEST_HAS_NOTIFICATION_).
 #pragma once
 
 #include <windows.h>

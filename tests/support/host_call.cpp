@@ -5,7 +5,7 @@
 namespace vorla::test {
 namespace {
 
-// The number of the exception that is still to be filled in. The caller asks at once, on the same thread.
+// The number of the exception that is still to be filled in. The caller asks immediately, on the same thread.
 WORD deferredNumber = 0;
 
 HRESULT STDMETHODCALLTYPE fillIn(EXCEPINFO* exception) {
@@ -42,7 +42,7 @@ HRESULT HostFailure::raise(EXCEPINFO* exception) const {
         }
         exception->wCode = number;
         exception->scode = number != 0 ? 0 : code;
-        // The caller owns these; a test that counts memory sees whether it frees them.
+        // The caller must free these; a test that counts memory sees whether it does.
         exception->bstrSource = SysAllocString(L"the test's host");
         exception->bstrDescription = SysAllocString(L"a failure of the test's host");
     }

@@ -1,5 +1,5 @@
-// What the objects of a test's host have in common: a call as it arrives, the record of all calls, and the
-// failures that a test orders for some of them.
+// The common part of the test hosts' objects: a call as it arrives, the record of all calls, and the failures
+// that a test orders.
 #pragma once
 
 #include <map>
@@ -11,7 +11,7 @@
 
 namespace vorla::test {
 
-/// What a call brings, in the order in which the caller wrote it. Arguments by reference can be stored.
+/// The contents of a call, in the order in which the caller wrote it. By-reference arguments can be stored.
 class HostCall {
 public:
     HostCall(DISPPARAMS& parameters, WORD kind, LCID locale)
@@ -25,8 +25,7 @@ public:
     LCID locale() const { return locale_; }
 
     bool isPut() const { return (kind_ & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0; }
-    /// "get", "put", "putref" or "call". Reading a property as hosts do, as a property or a function, is a
-    /// "get".
+    /// "get", "put", "putref" or "call". A read as hosts make it, of a property or a function, is a "get".
     const wchar_t* verb() const;
 
 private:
@@ -43,32 +42,32 @@ struct HostFailure {
     WORD number = 0;
     bool deferred = false;  // the exception is filled in only when the caller asks for it
 
-    /// What Invoke answers. Codes 0x800Axxxx come as an exception's `scode`, numbers as its `wCode`.
+    /// Invoke's result. Codes 0x800Axxxx come as an exception's `scode`, numbers as its `wCode`.
     HRESULT raise(EXCEPINFO* exception) const;
 };
 
-/// The log, one line for each call from outside in order, and the failures to come.
+/// The log, with one line for each call from outside, and the failures ordered for later calls.
 class CallRecord {
 public:
     /// The `number`-th call from now (1 is the next) fails.
     void fail(int number, HostFailure failure) { failures_[calls_ + number] = failure; }
     /// Every call that is logged as this line fails, from now until the record is cleared.
     void failEvery(const std::wstring& line, HostFailure failure) { failing_[line] = failure; }
-    /// The `number`-th name that is looked up from now fails to be, with this code.
+    /// The lookup of the `number`-th name from now fails with this code.
     void failLookup(int number, HRESULT code) { failedLookups_[lookups_ + number] = code; }
-    /// Orders no failure any longer and forgets the log.
+    /// Cancels all ordered failures and clears the log.
     void clear();
 
-    /// A name that is looked up, which is no call; the failure that was ordered for it, or success.
+    /// Notes a lookup of a name. Returns the failure ordered for it, or success.
     HRESULT noteLookup(std::wstring line);
-    /// A call; the failure that was ordered for it, or null.
+    /// Notes a call. Returns the failure ordered for it, or null.
     const HostFailure* noteCall(std::wstring line);
 
     const std::vector<std::wstring>& log() const { return log_; }
     void clearLog() { log_.clear(); }
-    /// How many lines begin with this.
+    /// The number of lines that begin with this text.
     std::size_t logged(const std::wstring& beginning) const;
-    /// How many calls there were, lookups not counted.
+    /// The number of calls without lookups.
     int calls() const { return calls_; }
 
 private:

@@ -32,7 +32,7 @@ std::vector<void**> slotsOf(HMODULE module, const char* dll, const char* functio
     for (auto* imported = at<IMAGE_IMPORT_DESCRIPTOR>(module, directory.VirtualAddress); imported->Name != 0;
          ++imported) {
         if (_stricmp(at<const char>(module, imported->Name), dll) != 0) continue;
-        // The loader overwrote the first table with addresses; the names are in the original one.
+        // The loader has overwritten the first table with addresses; the original one still has the names.
         auto* name = at<IMAGE_THUNK_DATA>(module, imported->OriginalFirstThunk);
         auto* slot = at<IMAGE_THUNK_DATA>(module, imported->FirstThunk);
         for (; name->u1.AddressOfData != 0; ++name, ++slot) {

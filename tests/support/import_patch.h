@@ -1,4 +1,4 @@
-// Interception of the system calls of a module: recorded, answered by the test, or failed.
+// Interception of a module's system calls, which are recorded, answered by the test, or failed.
 #pragma once
 
 #include <functional>
@@ -13,9 +13,8 @@
 
 namespace vorla::test {
 
-/// One entry of a module's import table, replaced for as long as this lives. Entries of the same function in
-/// several tables of the module are replaced together. A function that the module does not import by name
-/// fails the test.
+/// One entry of a module's import table, replaced as long as this exists. If several tables of the module
+/// import the function, all are replaced. The test fails if the module does not import the function by name.
 class ImportPatch {
 public:
     /// `dll` is compared without regard to case ("kernel32.dll").
@@ -24,7 +23,7 @@ public:
     ImportPatch& operator=(const ImportPatch&) = delete;
     ~ImportPatch();
 
-    /// What the entry held before.
+    /// The entry's previous value.
     void* original() const { return original_; }
 
 private:
@@ -35,21 +34,21 @@ private:
 /// The calls of all intercepted functions, in order: `GetFileAttributesA("c:\\x")`.
 using CallLog = std::vector<std::string>;
 
-/// How an argument is written in the log: numbers, texts in quotes, other pointers as "null" or "set", what
-/// else there is as "set".
+/// An argument as text for the log: numbers, texts in quotes, other pointers as "null" or "set", everything
+/// else as "set".
 template <class Argument>
 std::string logged(Argument argument);
 std::string loggedText(const char* text);
 std::string loggedText(const wchar_t* text);
 
-/// A function that a module imports, intercepted for as long as this lives. Calls go on to the system unless
-/// the test answers or fails them.
+/// A function that a module imports, intercepted as long as this exists. Calls go on to the system unless the
+/// test answers or fails them.
 ///
 ///     Intercept<decltype(GetTickCount)> ticks(module, "kernel32.dll", "GetTickCount");
 ///     ticks.answer([] { return 5u; });
 ///
-/// The tag makes each such declaration a type of its own, since a replaced function finds its interceptor
-/// through its type alone.
+/// A replaced function finds its interceptor through its type alone, so the tag makes each declaration a type
+/// of its own.
 template <class Function, class Tag = decltype([] {})>
 class Intercept;
 
@@ -62,7 +61,8 @@ public:
     }
     ~Intercept() { current_ = nullptr; }
 
-    /// From now on calls get this answer and do not reach the system. An empty one lets them through again.
+    /// From now on calls get this answer and do not reach the system. An empty function lets them through
+    /// again.
     void answer(std::function<Result(Arguments...)> canned) { canned_ = std::move(canned); }
 
     /// The `number`-th call from now (1 is the next) gets `result` and this last error.
@@ -70,7 +70,7 @@ public:
         failures_[calls_ + number] = {result, lastError};
     }
 
-    /// How often the module called the function.
+    /// The number of calls that the module has made.
     int calls() const { return calls_; }
 
     Result callOriginal(Arguments... arguments) const {
@@ -107,7 +107,7 @@ private:
     std::function<Result(Arguments...)> canned_;
     std::map<int, Failure> failures_;
     int calls_ = 0;
-    // Last: made when everything that the replacement uses is there, undone first.
+    // Last, so that it is made after everything that the replacement uses, and undone first.
     ImportPatch patch_;
 };
 

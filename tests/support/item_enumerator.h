@@ -9,8 +9,9 @@
 
 namespace vorla::test {
 
-/// One walk over the items that a collection has when it begins. Lives on the heap, as hosts' enumerators
-/// do, and keeps its collection. Each item asked for is a call of the record, logged as the given line.
+/// One walk over the items that a collection has when the walk begins. Lives on the heap, as hosts'
+/// enumerators do, and holds a reference to its collection. Each request for an item is a call in the record,
+/// logged as the given line.
 class ItemEnumerator final : public IEnumVARIANT {
 public:
     ItemEnumerator(IUnknown& collection, std::vector<Variant> items, CallRecord& record, std::wstring line)

@@ -1,5 +1,5 @@
-// Every contract program: the language is the one that the runner pinned, and a hung test is ended with
-// its name.
+// The main program of the Windows test suites. It uses the language that the runner has set, and ends a hung
+// test with its name.
 
 #include <gtest/gtest.h>
 

@@ -11,7 +11,7 @@
 namespace vorla::test {
 namespace {
 
-// Registered once and for good: a block may be freed long after the test that counted it.
+// Registered once and never revoked: a block may be freed long after the test that counted it.
 class Spy final : public IMallocSpy {
 public:
     long live() const { return live_; }

@@ -8,8 +8,8 @@
 
 namespace vorla::test {
 
-/// live() is the number of blocks allocated since this was made and not yet freed. The BSTR cache of
-/// oleaut32 must be off (noBstrCache), or freed strings stay allocated.
+/// live() is the number of blocks allocated since this object was made and not yet freed. Call noBstrCache()
+/// first, because oleaut32's cache keeps freed strings allocated.
 class MemoryCount {
 public:
     MemoryCount();
@@ -22,8 +22,8 @@ private:
     long start_;
 };
 
-/// Expects ten thousand uses to leave nothing allocated and nothing open. The first one, uncounted, fills
-/// what is kept on purpose.
+/// Expects that ten thousand uses leave nothing allocated and nothing open. The first use is not counted,
+/// because it makes what is kept on purpose.
 template <class Use>
 void expectNothingLeft(Use&& useOnce) {
     useOnce();

@@ -1,4 +1,4 @@
-// Types of which only the name is known, for objects that tell what they are.
+// Types that have just a name, for objects that tell their class.
 #pragma once
 
 #include "frame/values/unique_handle.h"
@@ -8,7 +8,7 @@ namespace vorla::test {
 
 ComPointer<ITypeInfo> typeNamed(const wchar_t* name, TYPEKIND kind);
 
-/// Hands out one more reference to the type; E_FAIL when there is none.
+/// Returns another reference to the type; E_FAIL when there is none.
 HRESULT give(const ComPointer<ITypeInfo>& type, ITypeInfo** asked);
 
 }  // namespace vorla::test

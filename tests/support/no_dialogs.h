@@ -1,4 +1,4 @@
-// For tests that call members which show a message and are about something else.
+// For tests of members that also show a message.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -9,8 +9,8 @@
 
 namespace vorla::test {
 
-/// As long as this lives, no dialog box of this thread comes into being: who asks for one gets his answer at
-/// once, and it is none of the buttons. What a box looks like is for DialogWatcher.
+/// As long as this exists, this thread opens no dialog boxes. A call that would open one returns immediately,
+/// with a value that is none of its buttons. To test a box itself, use DialogWatcher.
 class NoDialogs {
 public:
     NoDialogs() : hook_(SetWindowsHookExW(WH_CBT, &refuse, nullptr, GetCurrentThreadId())) {

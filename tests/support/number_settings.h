@@ -1,4 +1,4 @@
-// The user's number and date settings, changed for the length of a test.
+// Changes the user's number and date settings during a test.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -7,8 +7,8 @@
 
 namespace vorla::test {
 
-/// One of the user's settings has another value as long as this lives (LOCALE_SDECIMAL, LOCALE_SSHORTDATE,
-/// ...). The value before comes back; what else the user has changed stays.
+/// Changes one of the user's settings (LOCALE_SDECIMAL, LOCALE_SSHORTDATE, ...) as long as this exists, and
+/// then restores it. Other settings that the user has changed stay.
 class ChangedSetting {
 public:
     ChangedSetting(LCTYPE setting, const wchar_t* value) : setting_(setting) {

@@ -15,7 +15,7 @@ Function* fromNtdll(const char* name) {
         reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("ntdll.dll"), name)));
 }
 
-// The system's list of all open handles, as NtQuerySystemInformation gives it.
+// An entry of the system's list of all open handles, from NtQuerySystemInformation.
 struct HandleEntry {
     ULONG process;
     UCHAR type, flags;

@@ -1,12 +1,12 @@
-// Counts what a process holds of Windows beside memory.
+// Counts the Windows resources of a process other than memory.
 #pragma once
 
 #include <ostream>
 
 namespace vorla::test {
 
-/// What this process holds at the moment. Taken from the tables of the system itself: Wine answers 0 to the
-/// functions made for it, GetProcessHandleCount and GetGuiResources, and so would any comparison of them.
+/// The resources that this process holds. Read from the system's own tables, because under Wine
+/// GetProcessHandleCount and GetGuiResources always answer 0.
 struct Resources {
     unsigned handles;  // of the kernel: files, keys, events, processes, threads
     unsigned drawing;  // objects of GDI

@@ -11,7 +11,7 @@ namespace {
 
 constexpr WORD invalidIndex = 381;
 
-// Identifiers begin where no standard one lies.
+// Above all standard identifiers.
 constexpr DISPID firstId = 1000;
 
 }  // namespace
@@ -153,7 +153,7 @@ HRESULT ScriptedObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
 HRESULT ScriptedObject::answer(Member& member, const Call& call, Variant& result) {
     if (member.body) {
         if (call.isPut()) return DISP_E_MEMBERNOTFOUND;
-        // A method of the host is no property, unless the caller says that either will do.
+        // A method cannot be read as a property unless the caller accepts either.
         if (!(call.kind() & DISPATCH_METHOD)) return DISP_E_MEMBERNOTFOUND;
         result = member.body(call);
         return S_OK;
@@ -198,7 +198,7 @@ HRESULT ScriptedObject::Invoke(DISPID id, REFIID, LCID locale, WORD kind, DISPPA
         return S_OK;
     }
     if (!isMember) return DISP_E_MEMBERNOTFOUND;
-    // What is put is named as such, and nothing else is named.
+    // The new value of a property is the only named argument.
     const bool puts = (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
     if (parameters->cNamedArgs != (puts ? 1u : 0u)) return DISP_E_NONAMEDARGS;
     if (puts && parameters->rgdispidNamedArgs[0] != DISPID_PROPERTYPUT) return DISP_E_PARAMNOTFOUND;

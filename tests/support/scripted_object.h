@@ -1,4 +1,4 @@
-// A host object for tests: a script of properties, methods and items, and a log of every name used on it.
+// A host object for tests, with scripted properties, methods and items, and a log of every name used on it.
 #pragma once
 
 #include <functional>
@@ -13,8 +13,8 @@
 
 namespace vorla::test {
 
-/// Lives on the test's stack: references are counted but never delete it. `references()` must be back to
-/// 0 when the test ends.
+/// Lives on the test's stack: references are counted but never delete it. `references()` must be 0 again when
+/// the test ends.
 ///
 /// The log has one line for each call from outside, in order: "lookup Text", "get Text", "put Text",
 /// "putref Font", "call Refresh", "next" for an item of an enumerator. Reading a property as hosts do (as
@@ -29,7 +29,7 @@ public:
     enum class Walk { byEnumerator, byCountAndItem, byCountAndDefault };
 
     ScriptedObject() = default;
-    /// With a default property that cannot be written.
+    /// An object with a default property that cannot be written.
     explicit ScriptedObject(Variant defaultValue);
     ScriptedObject(const ScriptedObject&) = delete;
     ScriptedObject& operator=(const ScriptedObject&) = delete;
@@ -38,13 +38,13 @@ public:
     /// A property that can be read and written, by reference too.
     ScriptedObject& property(const wchar_t* name, Variant value = {});
     ScriptedObject& readOnly(const wchar_t* name, Variant value);
-    /// A property with one index, from 0. Another index is error 381, as controls answer.
+    /// A property with one index, from 0. Any other index is error 381, as in controls.
     ScriptedObject& indexed(const wchar_t* name, std::vector<Variant> values);
     ScriptedObject& method(const wchar_t* name, Method body);
-    /// This name's member is the default one too.
+    /// Makes this name's member the default one too.
     ScriptedObject& defaultMember(const wchar_t* name);
     ScriptedObject& items(std::vector<Variant> values, Walk walk);
-    /// The items just given, or the indexed property, are numbered from here instead of from 0.
+    /// Numbers the items just given, or the indexed property, from here instead of from 0.
     ScriptedObject& numberedFrom(std::int32_t first);
 
     /// The name of the class, told through IProvideClassInfo, or of the interface, through GetTypeInfo.
@@ -61,13 +61,13 @@ public:
     /// The `number`-th lookup of a name from now fails with this code, whether or not the name is known.
     ScriptedObject& failLookup(int number, HRESULT code);
 
-    /// What a property holds.
+    /// A property's value.
     Variant& value(const wchar_t* name);
     Variant& value(const wchar_t* name, std::size_t index);
 
     const std::vector<std::wstring>& log() const { return record_.log(); }
     void clearLog() { record_.clearLog(); }
-    /// How many lines begin with this.
+    /// The number of lines that begin with this text.
     std::size_t logged(const std::wstring& beginning) const { return record_.logged(beginning); }
 
     long references() const { return references_; }
@@ -83,7 +83,7 @@ public:
                                      VARIANT* result, EXCEPINFO* exception, UINT* badArgument) override;
 
 private:
-    // Tells the class; a part of this object.
+    // A part of this object that tells the class.
     class ClassInfo final : public IProvideClassInfo {
     public:
         explicit ClassInfo(ScriptedObject& owner) : owner_(owner) {}

@@ -1,4 +1,4 @@
-// A folder for the files of one test, removed with all that is in it.
+// A folder for the files of one test, removed with its contents at the end.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -18,7 +18,7 @@ public:
         GetTempPathW(MAX_PATH, shortForm);
         GetLongPathNameW(shortForm, root, MAX_PATH);
         path_ = root + (L"essai été " + std::to_wstring(GetCurrentProcessId()));
-        // Process numbers come back, and a run that was interrupted may have left its folder.
+        // Process numbers are reused, and an interrupted run may have left its folder.
         if (exists(path_)) remove(path_);
         EXPECT_TRUE(CreateDirectoryW(path_.c_str(), nullptr)) << GetLastError();
     }
@@ -26,7 +26,7 @@ public:
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
     ~TemporaryFolder() { remove(path_); }
 
-    /// The folder itself, or something in it.
+    /// The path of the folder, or of something in it.
     const std::wstring& path() const { return path_; }
     std::wstring path(std::wstring_view name) const { return path_ + L'\\' + std::wstring(name); }
 
@@ -45,7 +45,7 @@ public:
         return path(name);
     }
 
-    /// A file of this length that takes no room on the disk.
+    /// A file of this length that needs no space on the disk.
     std::wstring sparseFile(std::wstring_view name, LONGLONG length) const {
         const auto made = file(name);
         const File open(CreateFileW(made.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr));

@@ -1,4 +1,4 @@
-// A registry key of the user's for one test, removed with all that is below it.
+// A registry key below HKEY_CURRENT_USER for one test, removed with its contents at the end.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -24,7 +24,7 @@ struct StoredValue {
 class TemporaryKey {
 public:
     TemporaryKey() : path_(L"Software\\Essai été " + std::to_wstring(GetCurrentProcessId())) {
-        // Process numbers come back, and a run that was interrupted may have left its key.
+        // Process numbers are reused, and an interrupted run may have left its key.
         if (exists(L"")) remove(path_);
         make(L"");
     }
@@ -51,7 +51,7 @@ public:
                                                 reinterpret_cast<const BYTE*>(bytes.data()),
                                                 static_cast<DWORD>(bytes.size())));
     }
-    /// A text's characters and no other, or those that are given with it.
+    /// Stores exactly these characters; a NUL is stored only if the text contains it.
     void setText(const std::wstring& name, DWORD type, std::wstring_view text) const {
         set(name, type, {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(wchar_t)});
     }

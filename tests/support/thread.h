@@ -9,8 +9,8 @@
 
 namespace vorla::test {
 
-/// Runs the work from its making on; its end waits for it. Expectations belong to the test's thread: the work
-/// leaves what it saw in variables of the test.
+/// Runs the work as soon as this is made; the destructor waits for it. Expectations belong to the test's own
+/// thread, so the work leaves its results in variables of the test.
 class Thread {
 public:
     explicit Thread(std::function<void()> work)

@@ -38,8 +38,8 @@ private:
 bool copy(const WindowContext& from, HBITMAP bitmap, int width, int height) {
     const MemoryContext memory(CreateCompatibleDC(from.get()));
     const auto before = SelectObject(memory.get(), bitmap);
-    // Printing a window, by its message or by PrintWindow, leaves its controls and its frame out on some
-    // systems; the pixels that it has painted are all there.
+    // On some systems, printing a window by its message or by PrintWindow omits its controls and frame. The
+    // painted pixels are complete.
     const bool done = before && BitBlt(memory.get(), 0, 0, width, height, from.get(), 0, 0, SRCCOPY);
     SelectObject(memory.get(), before);
     return done && GdiFlush();

@@ -1,4 +1,4 @@
-// Pictures of windows, for examples that show what they do and for people who look at them.
+// Pictures of windows, for the examples.
 #pragma once
 
 #include <string>
@@ -7,9 +7,9 @@
 
 namespace vorla::test {
 
-/// Saves a window with its frame as it stands on the screen in a bitmap file of 24 bits a pixel; whether
-/// that worked. What is still to be painted is painted first, so the window's thread must be handling its
-/// messages; it may be another one of the process. Works without a screen too.
+/// Saves a window with its frame, as it is on the screen, in a bitmap file of 24 bits a pixel, and returns
+/// whether that worked. Anything still to be painted is painted first, so the window's thread must be
+/// processing its messages; it can be another thread of this process. Also works without a screen.
 bool saveWindowPicture(HWND window, const std::wstring& file);
 
 }  // namespace vorla::test

@@ -15,7 +15,7 @@ constexpr TypeUse fieldType() {
         return Crossing<T>::type;
 }
 
-// A record's boolean and its 16-bit integer are one type in C++.
+// In C++, a record's boolean and 16-bit integer have the same type.
 template <class T>
 constexpr TypeUse fieldType(const char* spelling) {
     return TextView(L"RecordBoolean") == Text(spelling, spelling + std::char_traits<char>::length(spelling))

@@ -1,5 +1,5 @@
-// The enumerations and records of the contract as the type library needs them: names, values, types,
-// and the layout that the C++ structures really have.
+// The enumerations and records of the contract as the type library needs them: names, values, types, and the
+// actual layout of the C++ structures.
 #pragma once
 
 #include <cstddef>
@@ -36,7 +36,7 @@ struct Record {
     std::vector<Field> fields;
 };
 
-/// In the order in which they are published.
+/// The enumerations in the order of publication.
 const std::vector<Enumeration>& enumerations();
 const std::vector<Record>& records();
 

@@ -9,7 +9,7 @@
 namespace vorla::typelib {
 namespace {
 
-// One type of the library, with what it describes released in time.
+// One type of the library. It releases the descriptions that it has asked for.
 class Type {
 public:
     Type(ITypeLib* library, REFGUID id, const wchar_t* name) : name_(name) {
@@ -39,7 +39,8 @@ public:
     }
 
 private:
-    // A dual interface first shows itself as dispatch knows it; behind that lies its vtable.
+    // A dual interface is first described as dispatch sees it; the description of its vtable is reached from
+    // there.
     void takeVtable() {
         constexpr UINT otherHalf = static_cast<UINT>(-1);
         HREFTYPE reference;

@@ -1,5 +1,5 @@
-// Reads a written type library back and compares it with the tables it was made from, since a system's
-// writer may get a value wrong without saying so.
+// Reads a written type library back and compares it with the tables it was made from, because a system's
+// writer may store a wrong value without an error.
 #pragma once
 
 #include <span>
@@ -9,7 +9,7 @@
 
 namespace vorla::typelib {
 
-/// Throws WriteError with the first thing that is not as published.
+/// Throws WriteError with the first difference.
 void check(std::span<const Publication* const> classes, const std::wstring& file);
 
 }  // namespace vorla::typelib

@@ -20,7 +20,7 @@ File open(const std::wstring& path, DWORD access, DWORD disposition) {
     return file;
 }
 
-// The parts of the file's header, of a type's record and of a function's record that are read here.
+// The offsets read here in the file's header, a type's record and a function's record.
 namespace at {
 constexpr std::size_t flags = 0x14;
 constexpr std::size_t typeCount = 0x20;
@@ -36,7 +36,7 @@ constexpr std::uint32_t hasHelpFile = 0x100;
 constexpr std::uint32_t hasDefaults = 0x1000;
 constexpr std::size_t parameterSize = 12;
 
-// A value small enough to stand in the word itself: the top bit, the type, then the value.
+// A value stored in the word itself: the top bit, the type, then the value.
 constexpr std::uint32_t inlineValue = 0x80000000u;
 constexpr std::uint32_t booleanValue = inlineValue | (VT_BOOL << 26);
 
@@ -67,7 +67,7 @@ void TypeLibraryFile::setRecordSize(std::size_t type, std::uint32_t size) {
 void TypeLibraryFile::mendTrueDefaults(std::size_t type) {
     const auto information = typeInformation(type);
     const std::size_t functions = word(information + at::memberCounts) & 0xFFFF;
-    // The members' records begin behind a word that holds their total length.
+    // The members' records begin after a word with their total length.
     auto record = word(information + at::membersOffset) + std::size_t{4};
     for (std::size_t i = 0; i < functions; ++i) {
         const std::size_t length = word(record) & 0xFFFF;

@@ -1,5 +1,5 @@
-// The binary type-library file, for the few values that a system's writer may leave wrong: record sizes
-// of 0, and True stored as 255.
+// The binary type-library file, for the few values that a system's writer may get wrong: record sizes of 0,
+// and True stored as 255.
 #pragma once
 
 #include <cstdint>
@@ -12,10 +12,10 @@ class TypeLibraryFile {
 public:
     explicit TypeLibraryFile(std::wstring path);
 
-    /// Gives record number `type`, in the order in which types were created, its size where it has none.
+    /// Stores the size of record number `type`, in the order in which types were created, if it is missing.
     void setRecordSize(std::size_t type, std::uint32_t size);
 
-    /// Makes each boolean default of the interface `type` that is not False the automation True.
+    /// Changes each boolean default of the interface `type` that is not False to the automation True.
     void mendTrueDefaults(std::size_t type);
 
     void save() const;

@@ -31,7 +31,7 @@ ComPointer<Interface> ask(IUnknown* object, REFIID id) {
     return asked;
 }
 
-// The system's functions take names as pointers to characters that they do not change.
+// The system's functions take names as pointers to non-const characters, but do not change them.
 LPOLESTR name(const wchar_t* text) { return const_cast<LPOLESTR>(text); }
 
 /// Builds one library in memory, type by type.
@@ -148,7 +148,7 @@ private:
         return made;
     }
 
-    // A type as it is written in a field or parameter; pointers to it are the caller's to add.
+    // A type as written in a field or parameter. The caller adds pointers to it.
     TYPEDESC describe(ICreateTypeInfo* user, TypeUse use) {
         TYPEDESC description{};
         description.vt = VT_USERDEFINED;
@@ -158,7 +158,7 @@ private:
             case Described::record:
                 description.hreftype = reference(user, describedTypes_.at(use.number).get());
                 break;
-            // The dispatch interfaces of the standard library's picture and font.
+            // The standard library's dispatch interfaces for pictures and fonts.
             case Described::picture:
                 description = pointerTo(user, standardType(IID_IPictureDisp).get());
                 break;
@@ -174,7 +174,7 @@ private:
         return pointerTo(pointed);
     }
 
-    // The pointed-to descriptions live as long as the builder; there are a few hundred.
+    // The descriptions that pointers refer to live as long as the builder; there are a few hundred.
     TYPEDESC pointerTo(TYPEDESC pointed) {
         pointed_.push_back(std::make_unique<TYPEDESC>(pointed));
         TYPEDESC pointer{};

@@ -16,8 +16,8 @@ public:
     using runtime_error::runtime_error;
 };
 
-/// Writes the file for programs of this program's own word size, reads it back, and compares what it
-/// says with the tables. Throws WriteError with what went wrong.
+/// Writes the file for programs of this program's word size, reads it back, and compares it with the tables.
+/// Throws WriteError with the cause.
 void write(const Library& library, std::span<const Publication* const> classes, const std::wstring& file);
 
 }  // namespace vorla::typelib

@@ -8,7 +8,7 @@
 namespace vorla {
 namespace {
 
-// The library of a running object is the one in the DLL that its code came from.
+// A running object loads the type library from the DLL that contains its code.
 HRESULT loadOwn(ITypeLib** library) {
     try {
         return LoadTypeLibEx(module::path().c_str(), REGKIND_NONE, library);

@@ -6,7 +6,7 @@
 
 namespace vorla {
 
-/// A factory of the class, answering the interface `id`. The factory keeps the module loaded.
+/// Makes a factory of the class and returns its interface `id`. The factory keeps the module loaded.
 HRESULT makeClassFactory(const Publication& publication, REFIID id, void** factory) noexcept;
 
 }  // namespace vorla

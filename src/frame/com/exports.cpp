@@ -1,4 +1,5 @@
-// The four entry points of the component, and what Windows tells it of the host's threads.
+// The four functions that the component exports, and the entry point through which Windows reports the ends
+// of threads.
 
 #include <new>
 
@@ -31,8 +32,8 @@ extern "C" HRESULT STDAPICALLTYPE DllRegisterServer() {
 
 extern "C" HRESULT STDAPICALLTYPE DllUnregisterServer() { return registration::remove(vorla6, catalogue()); }
 
-// The language runtime's memory for exceptions when there is no other. It is never given back otherwise, so
-// that a host that loads and unloads the component would lose it each time.
+// The C++ runtime's memory for exceptions when there is no other. The runtime never frees it, so a host that
+// loads and unloads the component would lose it each time.
 namespace __gnu_cxx {
 void __freeres();
 }

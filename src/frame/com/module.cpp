@@ -2,7 +2,7 @@
 
 #include <atomic>
 
-// The linker's own symbol: where the module that holds this code was loaded.
+// Defined by the linker: the address where the module that contains this code is loaded.
 extern "C" IMAGE_DOS_HEADER __ImageBase;
 
 namespace vorla::module {
@@ -10,7 +10,7 @@ namespace {
 
 std::atomic<long> references{0};
 
-// The longest path that Windows knows, with its terminator.
+// The longest path in Windows, with its NUL.
 constexpr std::size_t longestPath = 32768;
 
 }  // namespace

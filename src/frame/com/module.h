@@ -1,5 +1,5 @@
-// The component's code as a loaded module, and what keeps it loaded: objects, class factories and
-// server locks, counted together.
+// The component as a loaded module, and what keeps it loaded: objects, class factories and server locks,
+// counted together.
 #pragma once
 
 #include "frame/values/text.h"
@@ -10,10 +10,10 @@ namespace vorla::module {
 void addReference() noexcept;
 void release() noexcept;
 
-/// Whether nothing of ours is in use any more.
+/// Whether none of these is left.
 bool canUnload() noexcept;
 
-/// The absolute path of the file that this code was loaded from; empty when the system does not tell.
+/// The absolute path of the file that this code was loaded from; empty on failure.
 Text path();
 
 }  // namespace vorla::module

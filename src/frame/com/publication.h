@@ -1,5 +1,5 @@
-// What a published class looks like to dispatch, the vtable and the type library, once the compiler has
-// made it from the class's table (publish.h).
+// A published class as dispatch, the vtable and the type library see it. The compiler makes it from the
+// class's table (publish.h).
 #pragma once
 
 #include <cstdint>
@@ -21,20 +21,20 @@ struct Default {
     const wchar_t* text = L"";
 };
 
-/// No variant is of this type.
+/// A type that no variant has.
 constexpr VARTYPE noType = 0xFFFF;
 
 struct Parameter {
     const wchar_t* name = nullptr;
     TypeUse type;
-    // The type of an argument that can be handed to the slot as it is; noType where one must be looked at.
+    // An argument of this type is passed to the slot as it is. noType if every argument must be examined.
     VARTYPE exactType = noType;
     bool optional = false;
     Default whenMissing;
 };
 
-/// What a member is to dispatch. A reserved slot belongs to a private procedure: it takes an identifier
-/// and a place in the vtable, and no host can see it.
+/// The kinds of members. A reserved slot belongs to a private procedure: it has an identifier and a place in
+/// the vtable, and hosts cannot see it.
 enum class MemberKind : std::uint8_t {
     method = INVOKE_FUNC,
     get = INVOKE_PROPERTYGET,
@@ -43,12 +43,12 @@ enum class MemberKind : std::uint8_t {
     reserved = 0,
 };
 
-/// Most parameters that one member has.
+/// The most parameters that a member has.
 constexpr std::size_t parameterLimit = 16;
 
-/// Calls a member's slot with arguments that already have the slot's types: each in the payload of its
-/// variant, a by-value variant as the variant itself, the last one first, as hosts lay them. `result` is
-/// where the slot's result goes.
+/// Calls a member's slot. The arguments already have the slot's types: each is in the payload of its variant,
+/// and a by-value variant is the variant itself. The last argument comes first, as hosts pass them. `result`
+/// receives the slot's result.
 using Invoker = HRESULT (*)(Instance*, VARIANT* arguments, void* result);
 
 struct Member {
@@ -66,7 +66,7 @@ struct Member {
 
 enum class Instancing : std::uint8_t {
     creatable,  // hosts create it by name
-    global      // the same, and an application object: its members can be called without an instance
+    global      // also an application object: its members can be called without an instance
 };
 
 struct Library;
@@ -80,15 +80,15 @@ struct ClassEntry {
     const wchar_t* documentation;  // of the class and each of its members; null for none
 };
 
-/// The catalogue's entry of a class; each published class has one.
+/// The catalogue's entry for a class. Each published class has one.
 template <class Class>
 extern const ClassEntry classEntry;
 
-/// Names a class where no object of it is wanted.
+/// Names a class without an object of it.
 template <class Class>
 struct Of {};
 
-/// One published class. Everything here lies in tables that the compiler made.
+/// One published class. All of it is in tables that the compiler made.
 struct Publication : ClassEntry {
     std::span<const Member> members;  // in declaration order, which is the vtable's
     std::span<const Parameter> parameters;
@@ -105,10 +105,10 @@ struct Publication : ClassEntry {
         return parameters.subspan(member.firstParameter, member.parameterCount);
     }
 
-    /// The first member of this name, in any case of its letters; null when there is none.
+    /// The first member of this name, without regard to case; null when there is none.
     const Member* find(TextView name) const;
 
-    /// The member with this identifier that can be called so; null when there is none.
+    /// The member with this identifier that can be called in this way; null when there is none.
     const Member* find(DISPID id, WORD flags) const;
 };
 
@@ -124,7 +124,7 @@ struct Library {
     HRESULT describe(REFGUID type, ITypeInfo** description) const;
 };
 
-/// A letter without its case, over the characters that published names are made of.
+/// A character without its case, for the characters that published names consist of.
 constexpr wchar_t folded(wchar_t character) {
     const bool upper = (character >= L'A' && character <= L'Z') ||
                        (character >= 0xC0 && character <= 0xDE && character != 0xD7);
@@ -138,7 +138,7 @@ constexpr bool sameName(TextView one, TextView other) {
     return true;
 }
 
-// Identifiers count from the same 0 in each kind of member.
+// In each kind of member identifiers count from 0.
 constexpr std::uint32_t identifierHash(DISPID id) {
     return (static_cast<std::uint32_t>(id) * 2654435769u) >> 16;
 }

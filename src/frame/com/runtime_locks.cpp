@@ -1,18 +1,18 @@
-// Gives back the handles of the locks that the compiler's runtime makes for itself.
+// Closes the handles of the locks that the compiler's runtime makes for itself.
 //
-// The runtime keeps them when the module goes, so that a host which loads and unloads the component again and
-// again would lose them each time. The linker leads the runtime's calls here (--wrap).
+// The runtime never closes them, so a host that loads and unloads the component would lose them each time.
+// The linker redirects the runtime's calls to this file (--wrap).
 
 #include "frame/values/winapi.h"
-// The lock type is declared by Windows' headers.
+// Declares the type of the locks, from Windows' headers.
 #include <bits/gthr.h>
 
 namespace {
 
-// More than the runtime makes. Those beyond would be kept, as without this file.
+// More than the runtime makes. Any further handles would stay open, as they would without this file.
 void* handles[32];
 
-// Whether there was a place that held the one and now holds the other.
+// Replaces one entry, and returns whether there was one that held `present`.
 bool replace(void* present, void* next) noexcept {
     for (void*& handle : handles)
         if (InterlockedCompareExchangePointer(&handle, next, present) == present) return true;
@@ -20,13 +20,13 @@ bool replace(void* present, void* next) noexcept {
 }
 
 HANDLE WINAPI createSemaphore(SECURITY_ATTRIBUTES*, LONG count, LONG most, LPCWSTR) noexcept {
-    // This form of the function stands in no wrapped table.
+    // CreateSemaphoreA is not redirected.
     const HANDLE made = CreateSemaphoreA(nullptr, count, most, nullptr);
     if (made) replace(nullptr, made);
     return made;
 }
 
-// What is made first goes last: the runtime's own objects are gone by then.
+// Objects made first are destroyed last: the runtime's own objects are gone by then.
 struct Release {
     ~Release() {
         for (void*& handle : handles)
@@ -39,7 +39,7 @@ struct Release {
 
 extern "C" {
 
-// The place where the runtime looks for the address of CreateSemaphoreW.
+// The pointer through which the runtime calls CreateSemaphoreW.
 #ifdef _WIN64
 extern decltype(&createSemaphore) const wrappedCreate asm("__wrap___imp_CreateSemaphoreW");
 #else

@@ -1,5 +1,5 @@
-// Every identifier that Vorla6 publishes comes from this block, chosen once: the first group numbers
-// the thing identified, the rest never changes. A number that has been published is not used again.
+// Every identifier that Vorla6 publishes comes from this block, chosen once: the first group says what is
+// identified, the rest never changes. A number that has been published is not used again.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@ constexpr GUID identifier(std::uint16_t number) {
 }
 
 namespace numbers {
-// 0x0100 and up are the enumerations', 0x0200 and up the records'; their lists hold them.
+// Enumerations have 0x0100 and up, records 0x0200 and up; their lists give the numbers.
 constexpr std::uint16_t library = 0x0001;
 constexpr std::uint16_t classes = 0x0010;     // plus the class's number in the catalogue
 constexpr std::uint16_t interfaces = 0x0030;  // plus the class's number in the catalogue

@@ -1,7 +1,7 @@
 // The public records as C++ structures, laid out as the type library publishes them.
 // Their list, shared with the type library, is records.def.
 //
-// They stand in a namespace of their own because Windows' headers define several of the same names.
+// They have a namespace of their own because Windows' headers define several of the same names.
 #pragma once
 
 #include <cstdint>

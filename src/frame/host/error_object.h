@@ -1,4 +1,4 @@
-// The error object of the calling thread, where hosts find what a failure has to say.
+// The error object of the calling thread, where hosts find the description of a failure.
 #pragma once
 
 #include "frame/values/text.h"
@@ -6,8 +6,8 @@
 
 namespace vorla {
 
-/// Leaves a description there, in place of an older one. A number that the caller's code does not carry
-/// stands in the help context. Whether the system took it.
+/// Stores a description in place of an older one. A number that is not the call's own result goes into the
+/// help context. Returns whether the system accepted it.
 bool storeError(REFIID interfaceId, TextView source, TextView description, DWORD number = 0);
 
 }  // namespace vorla

@@ -9,7 +9,7 @@ namespace {
 
 constexpr float twipsPerInch = 1440;
 
-// The longest path that Windows knows, with its terminator.
+// The longest path in Windows, with its NUL.
 constexpr DWORD longestPath = 32768;
 
 struct ScreenKind {
@@ -35,7 +35,7 @@ Text program() {
     return result;
 }
 
-// Without the program's extension. A point in a folder's name begins none.
+// The program's path without its extension. A point in a folder's name begins no extension.
 Text programName() {
     auto path = program();
     const auto point = path.find_last_of(L".\\");
@@ -92,12 +92,13 @@ Text app::helpFile() {
 }
 
 void DoEvents() {
-    // A window that never paints itself, or answers each message with another, must not keep the caller.
+    // A window that never finishes painting, or answers each message with another, must not keep the caller
+    // here.
     constexpr int mostAtOnce = 10'000;
     MSG message;
     for (int i = 0; i < mostAtOnce && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE); ++i) {
         if (message.message == WM_QUIT) {
-            // The host's own loop is to end, not this one alone.
+            // WM_QUIT is meant for the host's own loop, not for this one.
             PostQuitMessage(static_cast<int>(message.wParam));
             break;
         }
@@ -109,7 +110,7 @@ void DoEvents() {
 
 HostPicture LoadPicture(TextView fileName) {
     if (fileName.empty()) return noPicture();
-    // The loader takes absolute paths and addresses of pages; a name of ours is always a file's.
+    // The loader also accepts web addresses. A name that is made absolute is always a file's.
     auto path = absolute(Text(fileName));
     if (!isFile(path)) throw RuntimeError(ErrorNumber::fileNotFound);
     ComPointer<IPictureDisp> picture;

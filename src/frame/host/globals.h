@@ -1,5 +1,5 @@
-// What hosts' own programs find as global objects. A component has no host to ask for them, so they are
-// computed from the system.
+// Replacements for the global objects of hosts' own programs. A component cannot ask its host for them, so
+// they are computed from the system.
 #pragma once
 
 #include "frame/host/host_reference.h"
@@ -9,7 +9,7 @@ namespace vorla {
 
 namespace screen {
 
-/// How many twips (1/1440 inch) one pixel of the screen is wide and high: 15 at 96 dots per inch.
+/// The width and height of a screen pixel in twips (1/1440 inch): 15 at 96 dots per inch.
 float twipsPerPixelX();
 float twipsPerPixelY();
 
@@ -23,16 +23,17 @@ Text path();
 /// The host's title: its program's file name without the extension.
 Text title();
 
-/// The help file beside the host's program, named as the program is: .chm, else .hlp; empty without one.
+/// The help file beside the host's program, with the program's name and the extension .chm or else .hlp;
+/// empty when there is neither.
 Text helpFile();
 
 }  // namespace app
 
-/// Lets the host process the events that wait for this thread. WM_QUIT stays in the queue.
+/// Lets the host process the events that are waiting for this thread. WM_QUIT stays in the queue.
 void DoEvents();
 
-/// The picture in a file: bitmap, icon, metafile, JPEG or GIF. An empty name gives an empty picture.
-/// Errors: 53 for a file that is not there, 481 for one that is no picture.
+/// The picture in a file: bitmap, icon, metafile, JPEG or GIF. An empty name gives an empty picture. Errors:
+/// 53 for a missing file, 481 for a file that is not a picture.
 HostPicture LoadPicture(TextView fileName);
 
 }  // namespace vorla

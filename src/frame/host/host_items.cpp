@@ -11,7 +11,7 @@ ComPointer<IEnumVARIANT> enumeratorOf(const HostObject& collection) {
     try {
         answer = invoked(collection.get(), DISPID_NEWENUM, DISPATCH_METHOD | DISPATCH_PROPERTYGET, {});
     } catch (const RuntimeError& error) {
-        // A collection without an enumerator is asked by number; any other failure is the collection's.
+        // A collection without an enumerator is walked by number. Any other failure is the collection's own.
         if (error.number() != ErrorNumber::propertyOrMethodNotSupported) throw;
         return enumerator;
     }
@@ -43,7 +43,7 @@ bool HostItems::next(Variant& item) {
 
 bool HostItems::nextByNumber(Variant& item) {
     if (given_ >= count_) return false;
-    // Counted whether or not the host hands it over, so that a walk can go on behind it.
+    // Counted even if the host fails to return the item, so that a walk can continue after it.
     const auto index = given_++;
     item = index == 0 ? first() : numbered(base_ + index);
     return true;
@@ -66,8 +66,8 @@ Variant HostItems::first() {
     try {
         return numbered(0);
     } catch (const RuntimeError&) {
-        // Only where items are numbered from 1 has the last one the number of all. Anywhere else the failure
-        // is the collection's own, and item 1 would be the second.
+        // The item whose number is `Count` exists only if items are numbered from 1. Otherwise the failure is
+        // the collection's own, and item 1 would be its second item.
         if (!has(count_)) throw;
     }
     base_ = 1;

@@ -7,21 +7,21 @@
 
 namespace vorla {
 
-/// Walks a collection once: by its enumerator when it has one, so that an item costs one call; otherwise by
-/// `Count` and `Item`, or the default property in place of `Item`. Items are numbered from 0, as hosts number
-/// their forms and controls, or from 1, as they number what programs collect; the collection is asked which.
+/// Walks a collection once. With an enumerator, each item costs one call. Without one, `Count` and `Item` are
+/// used, or the default property in place of `Item`. Hosts number their forms and controls from 0 and the
+/// collections that programs fill from 1; the walk finds out which.
 ///
 ///     HostItems controls(form.getObject(L"Controls"));
 ///     for (Variant control; controls.next(control);) …
 ///
-/// Errors: 91 for Nothing, 438 for an object that is no collection, or the host's own number.
+/// Errors: 91 for Nothing, 438 for an object that is not a collection, or the host's own number.
 class HostItems {
 public:
     explicit HostItems(HostObject collection);
 
-    /// Puts the next item into `item`. False, with `item` Empty, when there is none left. After a failure the
-    /// next call goes on: behind the item when items are asked for by number, where the host's enumerator is
-    /// when it has one.
+    /// Puts the next item into `item`. False, with `item` Empty, when there are no more. The walk can go on
+    /// after a failure: by number it continues with the following item, by enumerator wherever the host's
+    /// enumerator continues.
     bool next(Variant& item);
 
 private:

@@ -7,8 +7,8 @@
 
 namespace vorla {
 
-/// Owns one reference to an object of the host, or to Nothing. Laid out as the pointer itself, so that a
-/// by-reference one is the caller's own variable.
+/// Owns one reference to an object of the host, or Nothing. It has the layout of a plain pointer, so a
+/// by-reference parameter of this type is the caller's own variable.
 template <class Interface>
 class HostReference {
 public:

@@ -11,7 +11,7 @@ HRESULT findMember(IDispatch* object, const wchar_t* name, LCID locale, DISPID& 
     auto asked = const_cast<LPOLESTR>(name);
     const auto answer = object->GetIDsOfNames(IID_NULL, &asked, 1, locale, &id);
     if (answer != E_NOTIMPL) return answer;
-    // Objects of a script's own classes, as Wine's script host makes them, tell their names in this way only.
+    // Wine's script host makes objects of a script's own classes that can be asked in this way only.
     ComPointer<IDispatchEx> extended;
     if (FAILED(object->QueryInterface(__uuidof(IDispatchEx), reinterpret_cast<void**>(extended.put()))))
         return answer;

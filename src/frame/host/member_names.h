@@ -5,8 +5,8 @@
 
 namespace vorla {
 
-/// Finds the identifier of a member by its name. Failures: the object's own, DISP_E_UNKNOWNNAME for a name
-/// that it has not.
+/// Finds the identifier of a member by its name. Failures: the object's own; DISP_E_UNKNOWNNAME for an
+/// unknown name.
 HRESULT findMember(IDispatch* object, const wchar_t* name, LCID locale, DISPID& id);
 
 }  // namespace vorla

@@ -25,7 +25,7 @@ void warningBox(TextView text, TextView title) {
 
 std::int32_t messageBox(TextView text, std::int32_t style, std::int32_t owner) {
     const Text shown(text), title = app::title();
-    // Handles of windows have 32 bits that count, everywhere.
+    // Window handles have 32 significant bits on every Windows.
     const auto window = reinterpret_cast<HWND>(static_cast<INT_PTR>(owner));
     MSGBOXPARAMSW box{};
     box.cbSize = sizeof box;

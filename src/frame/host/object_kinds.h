@@ -1,4 +1,4 @@
-// What an object of the host is: its type's name, and the kinds that members treat differently.
+// The class names of the host's objects, and the kinds that members treat differently.
 #pragma once
 
 #include "frame/host/host_reference.h"
@@ -6,16 +6,15 @@
 
 namespace vorla {
 
-/// The name of the object's class ("TextBox", "frmClients"); of an object that does not tell its class, its
-/// interface's name without a leading underscore; "Object" when it tells neither, "Nothing" for Nothing.
+/// The name of the object's class ("TextBox", "frmClients"). If the object does not tell its class, its
+/// interface's name without a leading underscore; if it tells neither, "Object". "Nothing" for Nothing.
 Text typeName(const HostObject& object);
 
-/// Whether the object is a form: it knows `hWnd`, `Controls` and `WindowState`, and no `Container`.
-/// Names are looked up, nothing is read. Nothing is no form.
+/// Whether the object is a form: it knows `hWnd`, `Controls` and `WindowState`, and does not know
+/// `Container`. Names are only looked up; no property is read. False for Nothing.
 bool isHostForm(const HostObject& object);
 
-/// The host's own controls, by their class's name. Who asks more than once about an object takes its
-/// typeName() once.
+/// The host's own controls, by their class names. Call typeName() once if you test an object more than once.
 bool isCheckBox(TextView typeName);
 bool isOptionButton(TextView typeName);
 bool isTextBox(TextView typeName);

@@ -21,7 +21,7 @@ struct ItemKind {
 };
 using Item = UniqueHandle<ItemKind>;
 
-// As long as the dialog's own: it is given no length.
+// The dialog is not told the length of its buffer; it writes up to this many characters.
 using NameBuffer = std::array<char, MAX_PATH>;
 
 Text textOf(const NameBuffer& buffer) { return fromAnsiBuffer({buffer.data(), buffer.size()}); }
@@ -35,7 +35,7 @@ std::string startFolder(TextView path) {
 std::string currentDirectory() {
     std::string path(GetCurrentDirectoryA(0, nullptr), '\0');
     const auto length = GetCurrentDirectoryA(static_cast<DWORD>(path.size()), path.data());
-    // It may have become a longer one meanwhile.
+    // The path may have become longer since its length was asked for.
     path.resize(length < path.size() ? length : 0);
     return path;
 }
@@ -44,7 +44,7 @@ void select(HWND dialog, const std::string& folder) {
     SendMessageA(dialog, BFFM_SETSELECTIONA, TRUE, reinterpret_cast<LPARAM>(folder.c_str()));
 }
 
-// The dialog calls this, with the start folder that the request carries.
+// Called by the dialog. `start` is the folder that the request carries.
 int CALLBACK onNotice(HWND dialog, UINT notice, LPARAM, LPARAM start) {
     if (notice != BFFM_INITIALIZED) return 0;
     const auto& folder = *reinterpret_cast<const std::string*>(start);
@@ -87,7 +87,7 @@ public:
         request_.pidlRoot = root.get();
         request_.ulFlags = flags;
         const Item chosen(SHBrowseForFolderA(&request_));
-        // On a cancelled dialog some systems leave something in the name.
+        // Some systems leave something in the name after the user cancels.
         return chosen ? textOf(name_) : Text();
     }
 

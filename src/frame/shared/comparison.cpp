@@ -7,7 +7,7 @@ namespace {
 
 // VARCMP_LT, VARCMP_EQ, VARCMP_GT or VARCMP_NULL.
 HRESULT compared(VariantView one, VariantView other) {
-    // The comparison leaves both alone, which its declaration does not say.
+    // VarCmp changes neither value, although its declaration does not say so.
     const auto order =
         VarCmp(const_cast<VARIANT*>(&one.raw()), const_cast<VARIANT*>(&other.raw()), LOCALE_USER_DEFAULT, 0);
     throwIfFailed(order);

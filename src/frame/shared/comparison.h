@@ -5,9 +5,9 @@
 
 namespace vorla {
 
-/// The first value when it is greater (smaller) than the second, otherwise the second: on a tie, and
-/// against Null, it is the second. Numbers are compared as numbers, texts by the user's locale, and a text
-/// is greater than any number. Unguarded: 13 for what cannot be compared.
+/// The greater (MaxVar) or smaller (MinVar) of two values; the second on a tie and against Null. Numbers are
+/// compared as numbers, texts by the user's locale, and a text is greater than any number. Unguarded: error
+/// 13 for values that cannot be compared.
 Variant MaxVar(VariantView Valeur1, VariantView Valeur2);
 Variant MinVar(VariantView Valeur1, VariantView Valeur2);
 

@@ -8,13 +8,13 @@
 namespace vorla {
 namespace {
 
-// A text with a separator at both ends, without building it. Positions count from 1, as hosts count.
+// A text with a separator added at both ends, without building it. Positions count from 1, as in hosts.
 class FramedText {
 public:
     FramedText(TextView text, TextView separator)
         : text_(text),
           separator_(separator),
-          // One character is compared with the whole separator, so a longer one is always added.
+          // A single character is compared with the whole separator, so a longer separator is always added.
           front_(isSeparator(text.front()) ? 0 : separator.size()),
           back_(isSeparator(text.back()) ? 0 : separator.size()) {}
 
@@ -27,8 +27,8 @@ public:
         return separator_[position - text_.size() - 1];
     }
 
-    /// The characters [begin, end). Separators that a field lies between are never part of it, so these
-    /// always stand in the text itself.
+    /// The characters [begin, end). They always lie in the text itself, because a field never includes the
+    /// separators around it.
     TextView between(std::size_t begin, std::size_t end) const {
         if (end < begin) throw RuntimeError(ErrorNumber::invalidProcedureCall);
         return text_.substr(begin - 1 - front_, end - begin);
@@ -43,14 +43,14 @@ private:
     std::size_t back_;
 };
 
-// The separators of a framed text in order, overlapping ones too.
+// The separators of a framed text in order, including overlapping ones.
 class Separators {
 public:
     /// Those that begin at or after `from`.
     Separators(const FramedText& framed, const Matcher& separator, std::size_t from)
         : framed_(framed), separator_(separator), read_(from - 1) {}
 
-    /// Where the next one begins; 0 when there is none left.
+    /// Where the next one begins; 0 when there are no more.
     std::size_t next() {
         while (read_ < framed_.length()) {
             matched_ = separator_.read(matched_, framed_.at(++read_));
@@ -82,8 +82,8 @@ std::size_t separatorFromStart(const FramedText& framed, const Matcher& separato
     for (std::size_t found = 0; found < rank; ++found) {
         position = separators.next();
         if (position != 0) continue;
-        // A failed search starts over at the first character, so the answers repeat with this period;
-        // hosts count on the repetition.
+        // A failed search starts again at the first character, so the results repeat with this period. Old
+        // hosts rely on the repetition.
         rank = rank % (found + 1) + found + 1;
         separators.restart();
     }
@@ -94,7 +94,7 @@ std::size_t separatorFromEnd(const FramedText& framed, TextView separator, std::
     const Text reversed(separator.rbegin(), separator.rend());
     const Matcher matcher(reversed);
     auto position = checkedPosition(framed.length());
-    // Backwards, a separator begins before the one found last: none of them overlap.
+    // Counting from the end, each separator begins before the one found last, so that none overlap.
     for (std::size_t i = 1; i <= rank; ++i) {
         for (std::size_t matched = 0; !matcher.isWhole(matched);) {
             if (--position == 0) return 0;

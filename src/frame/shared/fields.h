@@ -1,4 +1,4 @@
-// Fields of a delimited text: the engine of ExtraitChaine and of every member that reads a column.
+// Fields of a delimited text, for ExtraitChaine and every member that reads a column.
 #pragma once
 
 #include <cstdint>
@@ -7,18 +7,18 @@
 
 namespace vorla {
 
-/// Field number `Rang` (1 is the first) of `Chaine`, counted from the start or from the end; empty when
-/// there is no such field. An empty separator means a tab, a rank below 1 means 1.
-/// The result is a piece of `Chaine`.
+/// Field number `Rang` (1 is the first) of `Chaine`, counted from the start or from the end. Empty when the
+/// field does not exist. An empty separator means a tab, a rank below 1 means 1. The result is a view of
+/// `Chaine`.
 ///
-/// Counted from the start, ranks wrap: after the last field comes one empty answer for the closing
-/// separator and one for the failed search, then the first field again. Hosts rely on it.
+/// Ranks counted from the start wrap around: after the last field come an empty result for the closing
+/// separator and another for the failed search, then the first field again. Old hosts rely on this.
 ///
-/// Errors: 6 when a separator's position passes 32,767; 5 when separators overlap so that a field's
-/// length would be negative.
+/// Errors: 6 when a separator's position is above 32,767; 5 when overlapping separators would give a field a
+/// negative length.
 TextView ExtraitChamp(TextView Chaine, std::int16_t Rang, TextView Separateur, bool DepuisLaFin);
 
-/// The text up to its first NUL character, all of it when there is none.
+/// The text up to its first NUL character, or all of it.
 TextView TronqueNul(TextView Texte);
 
 }  // namespace vorla

@@ -15,7 +15,7 @@ DWORD attributesOf(TextView path) { return GetFileAttributesA(toAnsi(path).c_str
 
 bool isExistingFolder(TextView path) { return ExisteFichier(path, eFileToTest::eftDirectory); }
 
-// An empty file that Windows creates to reserve its name. It goes with this object unless it is left behind.
+// An empty file that Windows creates to reserve its name. The destructor deletes it unless it is released.
 class ReservedName {
 public:
     explicit ReservedName(TextView prefix) {
@@ -63,7 +63,7 @@ Joined DecoupeChemin(TextView Chemin, eFileN Partie) {
 Text CheminCourt(TextView Chemin) {
     std::array<char, 255> shortForm;
     const auto length = GetShortPathNameA(toAnsi(Chemin).c_str(), shortForm.data(), DWORD{shortForm.size()});
-    // A form that does not fit is answered with the room that it needs.
+    // If the buffer is too small, the result is the size that it would need.
     if (length >= shortForm.size()) return {};
     return fromAnsi({shortForm.data(), length});
 }
@@ -82,7 +82,8 @@ Text CheminTemporaire(TextView Prefixe, Text& Extension) {
         if (Extension.find(L'.') == Text::npos) Extension.insert(0, 1, L'.');
         const Text created = result;
         result = withExtension(created, DecoupeChemin(created, eFileN::eFExtension).text(), Extension);
-        // With the extension of the reserved name itself, every name would be taken: by that reserved name.
+        // With the same extension as the reserved name, every drawn name would be taken, by the reserved file
+        // itself.
         const bool isReserved = lowerCased(result) == lowerCased(created);
         if (isReserved || !ExisteFichier(result, eFileToTest::eftFile)) return result;
         reserved.leaveBehind();

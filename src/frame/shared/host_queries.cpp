@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::int16_t twips = 1;
 
-// A container that is Nothing is an answer too.
+// Nothing is a valid container.
 HostObject containerOf(const HostObject& control) {
     const auto container = BoundObject(control).get(L"Container");
     if (container.view().isObject() && !container.view().raw().punkVal) return {};
@@ -22,7 +22,7 @@ HostObject containerOf(const HostObject& control) {
 
 bool ProprieteExiste(const HostObject& Objet, TextView Propriete, std::int16_t TypeAppel) {
     return endOnError(false, [&] {
-        // Hosts publish their names in English, whatever language the user speaks.
+        // Hosts publish their names in English, whatever the user's language.
         constexpr LCID english = 1033;
         if (!Objet) return false;
         DISPID id = DISPID_UNKNOWN;
@@ -43,8 +43,8 @@ std::int16_t ScaleModeConteneur(const HostObject& Ctl) {
 HostObject ObjetConteneur(const HostObject& Ctl) {
     return endOnError(HostObject(), [&] {
         auto container = containerOf(Ctl);
-        // Nobody uses the scale mode, but hosts rely on a container without one being no answer. It was once
-        // compared with a number, so one that cannot be compared is no answer either.
+        // The scale mode itself is not needed. But old hosts rely on a container without a scale mode, or
+        // with one that is not a number, giving Nothing.
         const auto mode = BoundObject(container).get(L"ScaleMode");
         if (!mode.view().isNull()) converted(mode.view(), VT_R8);
         return container;

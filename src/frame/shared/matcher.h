@@ -1,5 +1,5 @@
-// Finds every occurrence of a text, overlapping ones too, in one pass and in time proportional to the
-// text that is read, however the sought text repeats itself.
+// Finds every occurrence of a text, including overlapping ones. The time is proportional to the length of the
+// text that is read, even when the sought text repeats itself.
 #pragma once
 
 #include <cstddef>
@@ -12,12 +12,12 @@ namespace vorla {
 
 class Matcher {
 public:
-    /// `sought` is not empty and outlives the matcher.
+    /// `sought` must not be empty and must outlive the matcher.
     explicit Matcher(TextView sought);
     Matcher(const Matcher&) = delete;
     Matcher& operator=(const Matcher&) = delete;
 
-    /// How many characters of the sought text are matched after reading one more.
+    /// The number of characters of the sought text that are matched after reading one more.
     std::size_t read(std::size_t matched, wchar_t character) const {
         while (matched == sought_.size() || sought_[matched] != character) {
             if (matched == 0) return 0;
@@ -30,7 +30,7 @@ public:
     std::size_t length() const { return sought_.size(); }
 
 private:
-    // What hosts look for is mostly a word or less, which needs no memory of its own.
+    // Most sought texts are a word or less and need no allocation.
     static constexpr std::size_t few = 32;
 
     TextView sought_;

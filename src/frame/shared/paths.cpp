@@ -10,7 +10,7 @@ constexpr auto none = TextView::npos;
 
 bool isNetworkPath(TextView path) { return path.starts_with(L"\\\\"); }
 
-// How many characters the drive takes: "C:", or the server and the share. 0 when there is none.
+// The length of the drive: "C:", or the server and the share. 0 when there is none.
 std::size_t lengthOfDrive(TextView path) {
     if (!isNetworkPath(path)) return path.find(L':') + 1;
     const auto endOfServer = path.find(L'\\', 2);
@@ -46,7 +46,7 @@ TextView folderWithoutDrive(TextView path, const FolderTest& isFolder) {
     const auto folder = folderOf(path, isFolder);
     const auto drive = lengthOfDrive(path);
     if (drive == 0) return folder;
-    // Two characters, wherever the colon stands: hosts rely on it.
+    // Two characters, wherever the colon stands: old hosts rely on this.
     return folder.substr(std::min(isNetworkPath(path) ? drive : letterAndColon, folder.size()));
 }
 

@@ -1,8 +1,8 @@
-// Pieces of a path: the rule behind ExtraitChemin and every member that takes a path apart.
+// Pieces of a path: the rules for ExtraitChemin and every member that takes a path apart.
 //
 // The separator is the backslash. A network path begins with two of them; its drive is the server and the
-// share. Whether a path names an existing folder is the only thing that its text cannot tell, so callers
-// answer that (the Windows answer is in files.h).
+// share. The text alone cannot tell whether a path names an existing folder, so callers provide that answer
+// (files.h asks Windows).
 #pragma once
 
 #include <functional>
@@ -15,23 +15,23 @@ namespace vorla {
 /// Whether a path names an existing folder.
 using FolderTest = std::function<bool(TextView path)>;
 
-/// The path with "\" behind it unless it ends in one. An empty path becomes "\". Views its argument.
+/// The path with "\" at its end, added only if needed. An empty path becomes "\". Views its argument.
 Joined AjouteAntiSlash(TextView Chemin);
 
-/// The path without the one "\" that it ends in.
+/// The path without one "\" at its end.
 TextView withoutBackslash(TextView path);
 
-/// The piece of `Chemin` that `Partie` names; empty for a value that names none. Views its argument.
+/// The piece of `Chemin` that `Partie` names; empty for an unknown value. Views its argument.
 ///
-/// `isFolder` is asked at most once, about `Chemin` itself, and only where the answer decides the result.
-/// An existing folder is all folder: it has no file name and no extension.
+/// `isFolder` is called at most once, with `Chemin` itself, and only when its answer changes the result. An
+/// existing folder has no file name and no extension.
 ///
-/// Hosts rely on these: without any backslash `efRépertoire` and `eFNomFichier` both give the whole path;
-/// `efRacine` of a path without a drive is "\"; an ending of more than four characters is no extension for
-/// `eFNomFichierSansExtention`, while `eFExtension` returns it.
+/// Old hosts rely on these results: without any backslash `efRépertoire` and `eFNomFichier` both give the
+/// whole path; `efRacine` of a path without a drive is "\"; an ending of more than four characters is
+/// returned by `eFExtension` but not removed by `eFNomFichierSansExtention`.
 Joined DecoupeChemin(TextView Chemin, eFileN Partie, const FolderTest& isFolder);
 
-/// The path with every "." + `from` in it replaced by `to`, which brings its own point; case counts.
+/// The path with every "." + `from` in it replaced by `to`, which brings its own point. Case-sensitive.
 Text withExtension(TextView path, TextView from, TextView to);
 
 }  // namespace vorla

@@ -16,8 +16,8 @@ std::string oemFromAnsi(std::string bytes) {
 // The name of a section or key as it stands in the file.
 std::string nameInFile(TextView name, bool oem) { return oem ? oemFromAnsi(toAnsi(name)) : toAnsi(name); }
 
-// The file as the system gets it. For a path that is too long some systems open the file of an earlier call,
-// so they get one that no file can have.
+// The path passed to the system. For a path that is too long some systems open the file of an earlier call,
+// so they get a path that no file can have.
 std::string fileFor(TextView path) {
     auto bytes = toAnsi(path);
     return bytes.size() < MAX_PATH ? bytes : "?:\\";

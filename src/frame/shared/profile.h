@@ -1,5 +1,5 @@
-// INI files, and the OEM code page in which old ones are written. Texts cross in the ANSI code page, up to
-// their first NUL character.
+// INI files, and the OEM code page in which old ones are written. Texts reach Windows in the ANSI code page,
+// up to their first NUL character.
 #pragma once
 
 #include <cstdint>
@@ -8,19 +8,19 @@
 
 namespace vorla {
 
-/// The text with its bytes converted from the OEM to the ANSI code page, or back. Nothing changes behind
-/// the first NUL character.
+/// The text with its bytes converted from the OEM to the ANSI code page, up to the first NUL character.
 Text OemVersAnsi(TextView Texte);
+/// The reverse.
 Text AnsiVersOem(TextView Texte);
 
-/// The value of a key without surrounding blanks, or `Defaut` when the key is missing; empty when there is
-/// neither. At most 1,025 characters. With `Oem` the file's names and values are in the OEM code page; the
-/// default then comes back converted like a value of the file, which hosts are used to.
+/// The value of a key, or `Defaut` when the key is missing, without surrounding blanks. At most 1,025
+/// characters. With `Oem` the file's names and values are in the OEM code page; the default is then converted
+/// like a value from the file. Old hosts rely on this.
 Text IniLecture(TextView Fichier, TextView Section, TextView Cle, TextView Defaut, bool Oem);
 
-/// Writes a value. An empty value deletes the key, as any value of a key that begins with ";" does; an empty
-/// key deletes the whole section. Not 0 when the system did it. With `Oem` the section and the key are
-/// converted, the value is not: hosts are used to it.
+/// Writes a value. The result is not 0 when the system succeeds. An empty value deletes the key, and a key
+/// that begins with ";" is always deleted. An empty key deletes the whole section. With `Oem` the section and
+/// the key are converted but the value is not. Old hosts rely on this.
 std::int32_t IniEcriture(TextView Fichier, TextView Section, TextView Cle, TextView Valeur, bool Oem);
 
 }  // namespace vorla

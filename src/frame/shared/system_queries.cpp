@@ -14,7 +14,7 @@ WinVer VersionWindows(Text& Nom) {
     OSVERSIONINFOA record{};
     static_assert(sizeof record == 148);
     record.dwOSVersionInfoSize = sizeof record;
-    // A system that does not answer leaves zeros, which are an unknown version.
+    // If the system does not answer, the zeros stand for an unknown version.
     GetVersionExA(&record);
     const auto servicePack = fromAnsi({record.szCSDVersion, std::size(record.szCSDVersion)});
     const auto found =
@@ -25,7 +25,8 @@ WinVer VersionWindows(Text& Nom) {
 }
 
 Text InfoLocale(std::int32_t Element) {
-    // Of 50 characters the system is told of 49, its NUL among them: hosts get no longer items.
+    // The system is told of 49 characters, the NUL included, so items have at most 48. Hosts have never been
+    // given more.
     char buffer[50] = "";
     if (GetLocaleInfoA(LOCALE_USER_DEFAULT, static_cast<LCTYPE>(Element), buffer, std::size(buffer) - 1) == 0)
         return {};

@@ -1,4 +1,4 @@
-// What members ask the system about itself: its version, the user's locale, a drive.
+// Questions about the system: its version, the user's locale, a drive.
 #pragma once
 
 #include <cstdint>
@@ -8,15 +8,15 @@
 
 namespace vorla {
 
-/// The running Windows: its code, and in `Nom` "Windows " with its name behind it. A version without a code
-/// gives 0 and "Windows " alone; Vista gives "Windows Windows Vista". Hosts rely on both.
+/// The code of the running Windows. `Nom` gets "Windows " and the version's name; see versionName(). A
+/// version without a code gives 0 and "Windows " alone.
 WinVer VersionWindows(Text& Nom);
 
 /// One item of the user's locale, up to its first NUL character. Empty for an item that does not exist or
 /// has more than 48 characters.
 Text InfoLocale(std::int32_t Element);
 
-/// The type of the drive that the path lies on. A path without a drive lies on the current one.
+/// The type of the drive that the path is on. A path without a drive is on the current one.
 eDriveType TypeLecteur(TextView Chemin);
 
 }  // namespace vorla

@@ -1,4 +1,4 @@
-// Which Windows it is, by what it says of itself: the decision behind VersionWindows.
+// The rule for VersionWindows: which Windows it is, by what the system says of itself.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,8 @@
 
 namespace vorla {
 
-/// What the system fills in. The service pack is the whole field of 128 characters, its filling included.
+/// The fields that the system fills in. The service pack is the whole field of 128 characters, padding
+/// included.
 struct VersionFacts {
     std::uint32_t major = 0;
     std::uint32_t minor = 0;
@@ -17,16 +18,16 @@ struct VersionFacts {
 };
 
 struct VersionName {
-    WinVer version{};  // 0 for a version that has no code
+    WinVer version{};  // 0 for a version without a code
     TextView name;
 
     bool operator==(const VersionName&) const = default;
 };
 
-/// The code and the name, without the "Windows " that hosts see in front of it.
+/// The code, and the name without the "Windows " that hosts see in front of it.
 ///
-/// Hosts rely on these: Vista's name brings a "Windows" of its own; an unknown version has no name; OSR2 is
-/// recognised by the whole field of 128 characters being "C", so a system never is.
+/// Old hosts rely on these results: Vista's name begins with another "Windows"; an unknown version has no
+/// name; OSR2 is recognised only when the whole field of 128 characters is "C", so never.
 VersionName versionName(const VersionFacts& facts);
 
 }  // namespace vorla

@@ -6,7 +6,7 @@
 namespace vorla {
 
 void Attente(std::int32_t Millisecondes) {
-    // Waits of the system end late by up to a tick of its clock, so the end of ours is polled.
+    // The system's waits end late by up to a tick of its clock, so the last moments are polled.
     constexpr std::int32_t polled = 32;
     constexpr DWORD nap = 10;
     const auto start = GetTickCount();

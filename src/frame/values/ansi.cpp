@@ -8,7 +8,7 @@
 namespace vorla {
 namespace {
 
-// Windows counts in int.
+// Windows takes lengths as int.
 int counted(std::size_t length) {
     if (length > std::size_t{std::numeric_limits<int>::max()}) throw RuntimeError(ErrorNumber::overflow);
     return static_cast<int>(length);

@@ -1,5 +1,5 @@
-// Text on its way to and from Windows' "A" functions: the ANSI code page. What the code page lacks becomes
-// the nearest character that it has, or a question mark.
+// Text for Windows' "A" functions and from them, in the ANSI code page. A character that the code page lacks
+// becomes the nearest one in it, or a question mark.
 #pragma once
 
 #include <string>
@@ -12,10 +12,10 @@ namespace vorla {
 std::string toAnsi(TextView text);
 Text fromAnsi(std::string_view bytes);
 
-/// What Windows has left in a buffer: the bytes up to the first NUL, all of them when there is none.
+/// The text that Windows has left in a buffer: the bytes up to the first NUL, or all of them.
 Text fromAnsiBuffer(std::string_view buffer);
 
-/// The same in the one allocation of a result, for bytes by the megabyte.
+/// The text of all the bytes, allocated once, for results of megabytes.
 Bstr bstrFromAnsi(std::string_view bytes);
 
 }  // namespace vorla

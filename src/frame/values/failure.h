@@ -1,5 +1,6 @@
-// The failure policies, as shapes that a member's body shows first. The unguarded policy has no
-// shape; the message to the user is `messageBox` (frame/host/message_box.h) and a neutral value.
+// The failure policies. A member's policy is visible in the first line of its body. An unguarded member has
+// none of these; one that tells the user calls `messageBox` (frame/host/message_box.h) and returns a neutral
+// value.
 #pragma once
 
 #include <utility>
@@ -25,8 +26,8 @@ void endOnError(Work&& work) noexcept {
     }
 }
 
-/// Continue on error: runs one statement and skips the rest of it when it fails.
-/// Returns whether it ran to its end.
+/// Continue on error: runs one statement and skips the rest of it when it fails. Returns whether it ran to
+/// its end.
 template <class Statement>
 bool step(Statement&& statement) noexcept {
     try {

@@ -1,5 +1,5 @@
-// A text described as a few pieces side by side, so that a rule can decide what a result looks like
-// and the caller can build it in the one allocation that the result needs.
+// A text described as a few pieces side by side. A rule returns it to say what a result looks like, and the
+// caller builds the result with a single allocation.
 #pragma once
 
 #include <algorithm>
@@ -10,7 +10,7 @@
 
 namespace vorla {
 
-/// One piece: a view of text that outlives the description, or one character repeated.
+/// One piece: a view of a text, which must outlive the piece, or a repeated character.
 class Piece {
 public:
     constexpr Piece() = default;
@@ -19,7 +19,7 @@ public:
 
     constexpr std::size_t length() const { return length_; }
 
-    /// Writes the piece at `out` and returns the place behind it.
+    /// Writes the piece at `out` and returns the end of it.
     constexpr wchar_t* copyTo(wchar_t* out) const {
         return text_ ? std::copy_n(text_, length_, out) : std::fill_n(out, length_, character_);
     }

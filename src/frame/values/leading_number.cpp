@@ -10,7 +10,7 @@
 namespace vorla {
 namespace {
 
-// The characters that a number may consist of, up to the first that belongs to none.
+// The leading characters that a number can consist of.
 std::string numericCharacters(TextView text) {
     std::string result;
     for (const wchar_t character : text) {
@@ -26,8 +26,8 @@ std::string numericCharacters(TextView text) {
     return result;
 }
 
-// Whether a number that no double holds is too large rather than too small: that depends on how far its first
-// digit stands before or behind the point, and on the exponent.
+// Whether a number outside the range of a double is too large rather than too small. That depends on the
+// distance of its first digit from the point, and on the exponent.
 bool isTooLarge(std::string_view number) {
     const auto mark = std::min(number.find('e'), number.size());
     const auto digits = number.substr(0, mark);
@@ -50,7 +50,7 @@ double leadingNumber(TextView text) {
     const auto characters = numericCharacters(text);
     const auto end = characters.data() + characters.size();
     auto begin = characters.data();
-    // The conversion knows a minus only.
+    // The conversion accepts a minus sign only.
     if (characters.starts_with('+') && !characters.starts_with("+-")) ++begin;
     double value = 0;
     const auto [stop, failure] = std::from_chars(begin, end, value);

@@ -6,9 +6,9 @@
 
 namespace vorla {
 
-/// The longest numeric prefix of `text`, 0 when there is none: a sign, digits with a point among them, an
-/// exponent marked by E or D. Spaces, tabs and line feeds do not count, wherever they stand. A number too
-/// large for a double is infinite.
+/// The longest numeric prefix of `text`: a sign, digits with a point among them, an exponent marked by E or
+/// D. 0 when there is none. Spaces, tabs and line feeds are ignored everywhere. A number too large for a
+/// double is infinite.
 double leadingNumber(TextView text);
 
 }  // namespace vorla

@@ -1,21 +1,21 @@
-// Texts that stand in the source.
+// Texts in the source.
 #pragma once
 
 #include "frame/values/text.h"
 
 namespace vorla {
 
-/// A text that stands in the source: it lasts as long as the code that holds it, and what lies at its
-/// address never changes.
+/// A text in the source. It lasts as long as the code that contains it, and the characters at its address
+/// never change.
 class Literal {
 public:
-    // Never at run time: other texts come and go, and another may lie where one was.
+    // Not at run time: any other text may be replaced by a different one at the same address.
     consteval Literal(const wchar_t* text) : text_(text) {}
 
     constexpr const wchar_t* get() const { return text_; }
     constexpr operator TextView() const { return text_; }
 
-    /// Whether it is the same piece of the source. The same characters may stand at more than one place.
+    /// Whether both are the same place in the source. Different places may hold the same characters.
     constexpr bool isSame(Literal other) const { return text_ == other.text_; }
 
 private:

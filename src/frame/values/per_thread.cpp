@@ -25,8 +25,8 @@ PerThreadStates::PerThreadStates(Destroy destroy) noexcept
     first_ = this;
 }
 
-// Runs when the module goes. Nobody is in it any more, and when the whole process ends, a thread may have
-// been stopped inside the guard: so without it.
+// Runs when the module is unloaded, when no thread runs in it any more. The guard is not entered: when the
+// whole process ends, a thread may have been stopped while it held the guard.
 PerThreadStates::~PerThreadStates() {
     auto link = &first_;
     while (*link != this) link = &(*link)->next_;

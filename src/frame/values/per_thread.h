@@ -1,7 +1,7 @@
-// State that each thread of the host has for itself.
+// State of which each thread of the host has its own.
 //
-// A `thread_local` with a destructor would not do: the compiler's runtime keeps the module loaded until every
-// thread that touched it has ended, so that hosts could never unload it.
+// A `thread_local` with a destructor cannot be used: the compiler's runtime then keeps the module loaded
+// until every thread that touched it has ended, so hosts could never unload it.
 #pragma once
 
 #include <memory>
@@ -11,14 +11,14 @@
 
 namespace vorla {
 
-/// The part that is the same for every kind of state. Everything of a thread goes when the thread ends, and
-/// the rest with the module.
+/// The common part of all kinds of state. A thread's states are freed when the thread ends, and all others
+/// with the module.
 class PerThreadStates {
 public:
     PerThreadStates(const PerThreadStates&) = delete;
     PerThreadStates& operator=(const PerThreadStates&) = delete;
 
-    /// Ends what the calling thread has. For the module's entry point, when a thread ends.
+    /// Frees the calling thread's states. The module's entry point calls it when a thread ends.
     static void threadEnds() noexcept;
 
 protected:
@@ -38,19 +38,19 @@ private:
     PerThreadStates* next_;
     const Destroy destroy_;
     const DWORD index_;
-    // Guards the list, which a thread touches when it begins and when it ends.
+    // Guards the list, which each thread enters on first use and leaves when it ends.
     CRITICAL_SECTION guard_;
     std::vector<void*> states_;
 };
 
-/// One `State` for each thread that asks for it, made when it first does. For static objects: they are made
-/// and go with the module, when no other thread is in it.
+/// One `State` for each thread that asks for it, made on first use. Only for static objects, because they are
+/// made and destroyed with the module, when no other thread runs in it.
 template <class State>
 class PerThread : PerThreadStates {
 public:
     PerThread() noexcept : PerThreadStates([](void* state) { delete static_cast<State*>(state); }) {}
 
-    /// The calling thread's own. Throws std::bad_alloc when Windows has no place for it.
+    /// The calling thread's state. Throws std::bad_alloc when Windows has no room for it.
     State& mine() {
         if (const auto state = PerThreadStates::mine()) return *static_cast<State*>(state);
         auto made = std::make_unique<State>();

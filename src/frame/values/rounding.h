@@ -1,4 +1,4 @@
-// From doubles to the integers that hosts see.
+// Conversion of doubles to the integers that hosts see.
 #pragma once
 
 #include <cmath>
@@ -8,8 +8,8 @@
 
 namespace vorla {
 
-/// The nearest 32-bit integer, halves to the even one whatever rounding the host has set. Error 6 for a
-/// value outside the 32-bit range.
+/// The nearest 32-bit integer, halves to even, whatever rounding mode the host has set. Error 6 for a value
+/// outside the 32-bit range.
 inline std::int32_t roundedToInt32(double value) {
     const double below = std::floor(value);
     const double rest = value - below;

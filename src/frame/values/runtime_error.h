@@ -1,5 +1,5 @@
-// Failures by the standard run-time numbers that hosts know. A RuntimeError that leaves a member
-// reaches the host as the automation error 0x800A0000 + number.
+// Failures as the standard run-time errors. A RuntimeError that leaves a member reaches the host as the
+// automation error 0x800A0000 + number.
 #pragma once
 
 #include <cstddef>
@@ -38,13 +38,13 @@ private:
     ErrorNumber number_;
 };
 
-/// A length that a caller gave as a 16-bit integer. Negative: error 5.
+/// A length that a caller gave as a 16-bit integer. Error 5 when it is negative.
 constexpr std::size_t checkedLength(std::int16_t length) {
     if (length < 0) throw RuntimeError(ErrorNumber::invalidProcedureCall);
     return static_cast<std::size_t>(length);
 }
 
-/// A position or count that hosts see as a 16-bit integer. Past 32,767: error 6.
+/// A position or count that hosts see as a 16-bit integer. Error 6 past 32,767.
 constexpr std::size_t checkedPosition(std::size_t position) {
     if (position > 32767) throw RuntimeError(ErrorNumber::overflow);
     return position;

@@ -1,4 +1,4 @@
-// The automation scalars that C++ has no type of its own for.
+// The automation scalars for which C++ has no type of its own.
 #pragma once
 
 #include <cstdint>

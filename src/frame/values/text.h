@@ -10,7 +10,7 @@ namespace vorla {
 using Text = std::wstring;
 using TextView = std::wstring_view;
 
-/// The text without its leading and trailing spaces. Only the space goes; tabs and no-break spaces stay.
+/// The text without its leading and trailing spaces. Tabs and no-break spaces stay.
 constexpr TextView trimmed(TextView text) {
     const auto first = text.find_first_not_of(L' ');
     if (first == TextView::npos) return {};

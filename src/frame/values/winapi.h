@@ -1,7 +1,7 @@
 // Windows' own declarations, for every file that needs them.
 //
-// Windows defines some function names as macros, and a macro would rename members that are published under
-// the same name. Nothing else includes <windows.h>, so that no member is compiled under two names.
+// Windows defines some function names as macros, and such a macro would rename members that are published
+// under the same name. No other file includes <windows.h>, so every member has the same name everywhere.
 #pragma once
 
 #include <ocidl.h>

@@ -9,8 +9,8 @@
 
 namespace vorla::forms {
 
-/// `Count`, `Item` (the default member) and an enumerator, over what the collection holds at that moment.
-/// Forms and controls count from 0; an item that is not there is the error of whoever finds it.
+/// `Count`, `Item` (the default member) and an enumerator over what the collection holds at that moment.
+/// Forms and controls count from 0. A missing item is an error of the function that looks it up.
 class Collection final : public Object {
 public:
     using Items = std::function<std::vector<HostObject>()>;

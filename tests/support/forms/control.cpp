@@ -89,7 +89,7 @@ Variant Control::move(const HostCall& call) {
     return {};
 }
 
-// Windows stand on whole pixels, whatever the control was told.
+// Windows have whole pixels, whatever place the control was given.
 RECT Control::pixels() const {
     const auto on = [](double twips, Axis axis) {
         return static_cast<LONG>(std::lround(twips / twipsPerPixel(axis)));

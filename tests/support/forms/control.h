@@ -1,4 +1,4 @@
-// What all controls share: the form and the container they are in, and a place in the container's own scale.
+// The common part of all controls: the form, the container, and a place in the container's scale.
 #pragma once
 
 #include <optional>
@@ -17,11 +17,11 @@ struct Place {
 /// How a control is designed.
 struct Design {
     Text name;
-    Text text = {};  // its caption, or what is typed in it
+    Text text = {};  // its caption, or the text typed into it
     Place at = {};
     std::optional<std::int16_t> index = {};  // of an element of a control array
     Window* in = nullptr;                    // its container; the form without one
-    const wchar_t* typeName = nullptr;       // for a class of another maker that looks like this one
+    const wchar_t* typeName = nullptr;       // to look like a control of another maker
 };
 
 class Control : public Window {
@@ -31,7 +31,7 @@ public:
     std::optional<std::int16_t> index() const { return index_; }
     std::wstring path() const override;
 
-    /// The form is unloaded. The object stays as long as somebody holds it.
+    /// Called when the form is unloaded. The object lives on while it is referenced.
     void unload();
 
 protected:
@@ -39,9 +39,9 @@ protected:
 
     static Members table();
 
-    /// Moves and sizes the window; what the control thinks of its place stays as it was given.
+    /// Moves and sizes the window. The control's properties keep the values that they were given.
     void setSize(double widthTwips, double heightTwips);
-    /// How high the window is for a control of this height.
+    /// The height of the window for a control of this height.
     virtual int windowHeight(int pixels) const { return pixels; }
 
 private:

@@ -210,7 +210,7 @@ const Members& ComboBox::members() const {
     return table;
 }
 
-// The window of a combo box is as high as its list is when it is open.
+// The window of a combo box includes its open list.
 int ComboBox::windowHeight(int pixels) const {
     constexpr int listHeight = 120;
     return pixels + listHeight;

@@ -1,4 +1,4 @@
-// The kinds of controls. Each is a table of members over a window of the system's, or one that paints itself.
+// The kinds of controls. Each is a table of members over a system window or a window that paints itself.
 #pragma once
 
 #include "support/forms/control.h"
@@ -45,7 +45,7 @@ private:
     void setValue(std::int16_t value);
 };
 
-/// One of those in a container is chosen, or none.
+/// At most one of the option buttons in a container is chosen.
 class OptionButton final : public Control {
 public:
     OptionButton(Form& form, const Design& design);
@@ -56,8 +56,8 @@ private:
     void setValue(bool value);
 };
 
-/// A list whose lines are `List(0)`, `List(1)`, …, with `AddItem`, `Clear`, `ListCount` and `ListIndex`, -1
-/// when none is chosen.
+/// A list with the lines `List(0)`, `List(1)`, …, and with `AddItem`, `Clear`, `ListCount` and `ListIndex`,
+/// which is -1 when no line is chosen.
 class List : public Control {
 protected:
     /// The messages of one kind of list.
@@ -99,7 +99,7 @@ private:
     void chooseText(const Text& text);
 };
 
-/// With a field to type in.
+/// A list with a field to type in.
 class ComboBox : public List {
 public:
     ComboBox(Form& form, const Design& design);
@@ -110,7 +110,7 @@ protected:
     int windowHeight(int pixels) const override;
 };
 
-/// The same without: its text can only be one of its lines. Any other is error 383.
+/// A list without such a field: its text must be one of its lines. Any other text is error 383.
 class DropDownList final : public ComboBox {
 public:
     DropDownList(Form& form, const Design& design);
@@ -120,7 +120,7 @@ private:
     void chooseText(const Text& text);
 };
 
-/// Controls inside it are measured in twips: it has no scale of its own.
+/// It has no scale of its own, so controls in it are measured in twips.
 class Frame final : public Control {
 public:
     Frame(Form& form, const Design& design);

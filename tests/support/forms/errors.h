@@ -1,4 +1,4 @@
-// The numbers of run-time errors that only a forms runtime reports.
+// Run-time errors that only a forms runtime reports.
 #pragma once
 
 #include <cstdint>

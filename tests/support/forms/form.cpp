@@ -79,7 +79,7 @@ std::vector<HostObject> Form::elementsOf(TextView name) const {
     return result;
 }
 
-// A control by its number or its name; the name of a control array stands for the array.
+// A control by its number or its name. The name of a control array stands for the array.
 HostObject Form::find(VariantView key) {
     if (key.type() != VT_BSTR) return Collection::at(controlObjects(), key);
     const Text name(viewOf(key.raw().bstrVal));
@@ -148,7 +148,7 @@ void Form::setWindowState(std::int16_t state) {
     ShowWindow(living(), commands[state]);
 }
 
-// A form's place is its window's: the user, and members that move the window, change it behind the object.
+// A form's place is that of its window, which the user and other members can move at any time.
 float Form::edge(LONG RECT::*side, Axis axis) const {
     RECT frame;
     GetWindowRect(living(), &frame);

@@ -14,7 +14,7 @@ class Host;
 /// Border styles as hosts number them.
 enum class Border : std::int16_t { none, fixed, sizable, dialog, fixedTool, sizableTool };
 
-/// How a form is designed. Places are twips; the size is that of the inside, without title bar and border.
+/// How a form is designed. Places are twips; the size is that of the client area.
 struct FormDesign {
     Text caption = {};
     Border border = Border::sizable;
@@ -27,7 +27,7 @@ class Form final : public Window {
 public:
     Form(Host& host, const wchar_t* name, const FormDesign& design);
 
-    /// A control of one kind; it lives as long as the form, and longer when somebody holds it.
+    /// Adds a control of one kind. It lives at least as long as the form.
     ///
     ///     auto& option = form.add<OptionButton>({.name = L"optMode", .text = L"&Rapide", .index = 1});
     template <class Kind>
@@ -75,7 +75,7 @@ private:
     Variant hideCalled(const HostCall& call);
 
     struct Part {
-        const float *left, *top, *width, *height;  // in twips; null for what stays
+        const float *left, *top, *width, *height;  // in twips; null for an edge that stays
     };
     void setPlace(const Part& part);
     float edge(LONG RECT::*side, Axis axis) const;

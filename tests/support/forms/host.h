@@ -1,5 +1,5 @@
-// A little forms runtime: real windows behind automation objects, for tests and examples of members that work
-// on a host's forms.
+// A small forms runtime for tests and examples of members that work on a host's forms: automation objects
+// with real windows.
 //
 //     forms::Host host;
 //     auto& form = host.load(L"frmClients", {.caption = L"Clients"});
@@ -7,7 +7,7 @@
 //     … a member that is given HostObject(&form) …
 //     name.getAs<Text>(L"Text");  host.record().log();
 //
-// One thread, the one that made it, which must have initialised COM.
+// Use it only on the thread that made it, which must have initialised COM.
 #pragma once
 
 #include <vector>
@@ -24,7 +24,7 @@ public:
     /// Unloads all forms.
     ~Host();
 
-    /// A form that is loaded, not shown. It lives until it is unloaded, and as long as somebody holds it.
+    /// Loads a form without showing it. It lives until it is unloaded, and while it is referenced.
     Form& load(const wchar_t* name, const FormDesign& design = {});
 
     /// The collection of the loaded forms, in the order in which they were loaded.
@@ -33,7 +33,7 @@ public:
     /// All calls from outside, of all objects, and the failures ordered for them.
     test::CallRecord& record() { return record_; }
 
-    /// The form is not loaded any more.
+    /// Called when the form is unloaded.
     void forget(Form& form);
 
 private:

@@ -38,7 +38,7 @@ std::ptrdiff_t Members::find(std::wstring_view name) const {
 }
 
 void Members::expectArguments(const HostCall& call, std::size_t count) {
-    // What hosts say of a wrong number of arguments.
+    // The hosts' error for a wrong number of arguments.
     constexpr std::uint16_t wrongNumberOfArguments = 450;
     if (call.count() != count) throw RuntimeError(wrongNumberOfArguments);
 }

@@ -1,4 +1,4 @@
-// The members of a class of host objects, as a table: a name, and what reads, writes or calls it.
+// The members of a class of host objects, as a table: a name, and the functions that read, write or call it.
 #pragma once
 
 #include <concepts>
@@ -17,8 +17,7 @@ namespace vorla::forms {
 class Object;
 using test::HostCall;
 
-/// A property's C++ value as the caller sees it: a float is a single, everything else what Variant makes of
-/// it.
+/// A property's C++ value as the caller sees it: a float is a single, everything else as Variant converts it.
 template <class Value>
 Variant toHost(const Value& value) {
     return Variant(value);
@@ -31,8 +30,8 @@ Variant toHost(const HostReference<Interface>& value) {
     return toHost(static_cast<IDispatch*>(value.get()));
 }
 
-/// The interface of an object that the caller gives; Nothing is one. Errors: 424 for what is no object, 13
-/// for an object of another kind.
+/// An interface of an object that the caller passes, or Nothing. Errors: 424 for a value that is not an
+/// object, 13 for an object of another kind.
 void* interfaceIn(VariantView value, REFIID id);
 
 template <class Value>
@@ -41,12 +40,12 @@ template <class Interface>
 struct FromHost<HostReference<Interface>> {
     static HostReference<Interface> of(VariantView value) {
         HostReference<Interface> object(static_cast<Interface*>(interfaceIn(value, __uuidof(Interface))));
-        if (object) object.get()->Release();  // the reference that came with the question
+        if (object) object.get()->Release();  // the reference that QueryInterface added
         return object;
     }
 };
 
-/// What the caller gives, as the property's C++ type. Errors as conversions: 13, 94, 6.
+/// A value from the caller as the property's C++ type. Errors as in conversions: 13, 94, 6.
 template <class Value>
 Value fromHost(VariantView value) {
     if constexpr (std::same_as<Value, bool>) {
@@ -64,7 +63,7 @@ Value fromHost(VariantView value) {
     }
 }
 
-/// What can be done with one name. Indices of a property stand before its value.
+/// The uses of one name. A property's indices come before its value.
 struct Member {
     using Body = std::function<Variant(Object&, const HostCall&)>;
 
@@ -140,10 +139,10 @@ public:
         return *this;
     }
 
-    /// This name's member is the default one too.
+    /// Makes this name's member the default one too.
     Members& byDefault(const wchar_t* name);
 
-    /// The member's place in the table, by its name in any case; -1 when there is none.
+    /// The member's place in the table, by its name without regard to case; -1 when there is none.
     std::ptrdiff_t find(std::wstring_view name) const;
     std::ptrdiff_t defaultMember() const { return default_; }
     std::size_t count() const { return members_.size(); }
@@ -153,7 +152,7 @@ public:
     static void expectArguments(const HostCall& call, std::size_t count);
 
 private:
-    /// A name that the base has is given its new meaning.
+    /// A name of the base gets its new meaning.
     Member& add(const wchar_t* name);
     Member& last() { return members_[last_]; }
 

@@ -8,7 +8,7 @@
 namespace vorla::forms {
 namespace {
 
-// Identifiers begin where no standard one lies; those of an object's own properties lie beyond its class's.
+// Above all standard identifiers. The identifiers of an object's own properties follow those of its class.
 constexpr DISPID firstId = 1000, firstOwnId = 5000;
 
 bool sameName(std::wstring_view a, std::wstring_view b) {
@@ -76,7 +76,7 @@ HRESULT Object::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID*
 
 HRESULT Object::Invoke(DISPID id, REFIID, LCID locale, WORD kind, DISPPARAMS* parameters, VARIANT* result,
                        EXCEPINFO* exception, UINT*) {
-    // Whoever holds the last reference may give it up during the call.
+    // The caller may release the last reference during the call.
     const HostObject alive(this);
     if (id == DISPID_VALUE && members().defaultMember() >= 0)
         id = firstId + static_cast<DISPID>(members().defaultMember());
@@ -89,7 +89,7 @@ HRESULT Object::Invoke(DISPID id, REFIID, LCID locale, WORD kind, DISPPARAMS* pa
         return S_OK;
     } catch (const RuntimeError& error) {
         const auto number = static_cast<std::uint32_t>(error.number());
-        // To hosts this is a member that is not there, and not one that failed.
+        // Hosts see a missing member, not one that failed.
         if (error.number() == ErrorNumber::propertyOrMethodNotSupported) return DISP_E_MEMBERNOTFOUND;
         return test::HostFailure{static_cast<HRESULT>(0x800A0000u + number)}.raise(exception);
     }

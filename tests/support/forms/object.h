@@ -1,5 +1,5 @@
-// An object of the forms host: what automation asks of it, answered from its class's table of members and
-// recorded.
+// An object of the forms host. It answers automation calls from its class's table of members and records
+// them.
 #pragma once
 
 #include <string>
@@ -14,8 +14,8 @@
 
 namespace vorla::forms {
 
-/// Lives on the heap by its references. It tells its class through IProvideClassInfo and the class's
-/// interface, a leading underscore before the name, through GetTypeInfo.
+/// Lives on the heap and counts its references. It tells its class through IProvideClassInfo, and through
+/// GetTypeInfo the class's interface, which has a leading underscore.
 ///
 /// Each call from outside is a line of the record: "get optMode(1).Caption", "put frmClients.BackColor",
 /// "call txtName.SetFocus", "lookup txtName.Index", "get Forms.(enumerator)", "next Forms"; a call of the
@@ -26,8 +26,8 @@ public:
     Object(const Object&) = delete;
     Object& operator=(const Object&) = delete;
 
-    /// A property's value as the object's own program reads and writes it: by the same member, but not
-    /// recorded and never failed by order. Errors: RuntimeError; 438 for a name that the object has not.
+    /// A property's value, read or written by the host's own program: by the same member, but not recorded
+    /// and never failed on order. Errors: RuntimeError; 438 for an unknown name.
     Variant get(std::wstring_view name);
     template <class Value>
     Value getAs(std::wstring_view name) {
@@ -38,16 +38,16 @@ public:
         write(name, hostArgument(value));
     }
 
-    /// Gives this object alone one more property, which is only kept.
+    /// Adds a property to this object only.
     void addProperty(const wchar_t* name, Variant value);
-    /// Takes a member from this object alone.
+    /// Removes a member from this object only.
     void removeMember(const wchar_t* name);
 
-    /// As the record names it.
+    /// The object's name in the record.
     virtual std::wstring path() const = 0;
     const std::wstring& typeName() const { return typeName_; }
 
-    /// How many objects of all hosts live.
+    /// The number of living objects of all hosts.
     static long livingObjects() { return living_; }
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
@@ -69,7 +69,7 @@ protected:
     virtual ~Object() { --living_; }
 
     virtual const Members& members() const = 0;
-    /// The items that an enumerator walks; an object is a collection when it says so.
+    /// Whether the object is a collection, and the items that its enumerator walks.
     virtual bool isCollection() const { return false; }
     virtual std::vector<Variant> items() const { return {}; }
 

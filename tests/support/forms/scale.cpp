@@ -53,7 +53,7 @@ double Scale::unit(std::int16_t mode, Axis axis, Extent inside) const {
     return inside.on(axis) / size_.on(axis);
 }
 
-// The axis that is not spoken of keeps its units.
+// The other axis keeps its units.
 void Scale::becomeUser(Extent inside) {
     if (mode_ == scale_mode::user) return;
     size_ = {size(Axis::x, inside), size(Axis::y, inside)};

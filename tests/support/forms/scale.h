@@ -25,29 +25,29 @@ struct Extent {
 /// Twips in one pixel of the screen: 15 at 96 dots per inch.
 double twipsPerPixel(Axis axis);
 
-/// Twips in one unit of a mode. A character is 120 twips wide and 240 high. Error 5 for the user's own
-/// mode, whose unit depends on the container, and for a mode that is none.
+/// Twips in one unit of a mode. A character is 120 twips wide and 240 high. Error 5 for the user's own mode,
+/// whose unit depends on the container, and for an unknown mode.
 double twipsPerUnit(std::int16_t mode, Axis axis);
 
-/// The scale of one container: a mode, or the user's own units, of which a given number fills the inside.
+/// The scale of one container: a mode, or the user's own units, a given number of which fill the inside.
 /// `inside` is the size of the container's inside in twips.
 class Scale {
 public:
     std::int16_t mode() const { return mode_; }
-    /// Error 380 for a mode that is none.
+    /// Error 380 for an unknown mode.
     void setMode(std::int16_t mode, Extent inside);
 
-    /// What stands at the left or top edge: 0 unless the user's own scale says otherwise.
+    /// The coordinate of the left or top edge: 0 unless the user's own scale says otherwise.
     double origin(Axis axis) const { return origin_.on(axis); }
     /// The size of the inside, in units.
     double size(Axis axis, Extent inside) const { return inside.on(axis) / unit(axis, inside); }
-    /// The user's own scale from now on. Error 380 for a size of 0.
+    /// Switches to the user's own scale. Error 380 for a size of 0.
     void setOrigin(Axis axis, double value, Extent inside);
     void setSize(Axis axis, double units, Extent inside);
 
     /// Twips in one unit.
     double unit(Axis axis, Extent inside) const { return unit(mode_, axis, inside); }
-    /// A length in units of one mode, in units of another; mode 0 stands for this scale's own units.
+    /// Converts a length from one mode to another. Mode 0 stands for this scale's own units.
     double convert(double length, std::int16_t from, std::int16_t to, Axis axis, Extent inside) const {
         return length * unit(from, axis, inside) / unit(to, axis, inside);
     }

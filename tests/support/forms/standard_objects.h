@@ -1,4 +1,4 @@
-// Fonts and pictures: the automation runtime's own objects, and what windows make of them.
+// Fonts and pictures: the automation runtime's own objects, for use with windows.
 #pragma once
 
 #include "frame/host/host_reference.h"
@@ -11,10 +11,10 @@ namespace vorla::forms {
 /// The font that controls have unless told otherwise, a new object each time.
 HostFont newFont(const wchar_t* name = L"MS Sans Serif", double points = 8.25);
 
-/// The font as the system selects it. It belongs to the object, and only until the object changes.
+/// The font's handle. It belongs to the object and is valid until the object changes.
 HFONT handleOf(const HostFont& font);
 
-/// Tells a listener that a font was changed, for as long as this lives.
+/// Tells a listener about changes of a font, as long as this exists.
 class FontWatch {
 public:
     class Listener {
@@ -38,10 +38,10 @@ private:
     DWORD cookie_ = 0;
 };
 
-/// A picture that takes the bitmap over; one of no kind without a bitmap.
+/// A picture that owns the bitmap; without a bitmap an empty picture.
 HostPicture newPicture(HBITMAP bitmap = nullptr);
 
-/// Draws the picture in its own size at the left and top edge.
+/// Draws the picture in its own size at the top left.
 void draw(const HostPicture& picture, HDC on);
 
 }  // namespace vorla::forms

@@ -5,7 +5,7 @@ namespace {
 
 COLORREF translated(std::int32_t colour) {
     COLORREF result = 0;
-    // A value that is no colour cannot be set in the first place.
+    // An invalid colour is refused when it is set.
     if (FAILED(OleTranslateColor(static_cast<OLE_COLOR>(colour), nullptr, &result)))
         throw RuntimeError(invalidPropertyValue);
     return result;
@@ -14,7 +14,7 @@ COLORREF translated(std::int32_t colour) {
 }  // namespace
 
 Window* Window::of(HWND window) {
-    // The edit field of a combo box is a window of the system's inside one of the host's.
+    // The edit field of a combo box is a system window inside one of the host's.
     for (; window; window = GetAncestor(window, GA_PARENT)) {
         DWORD process = 0;
         GetWindowThreadProcessId(window, &process);
@@ -40,7 +40,7 @@ Window::~Window() = default;
 const wchar_t* Window::ownClass() {
     static const wchar_t* const name = [] {
         WNDCLASSW description{};
-        // Its device context stays the same one, so that a program may keep it.
+        // Its device context never changes, so that a program may keep it.
         description.style = CS_OWNDC | CS_HREDRAW | CS_VREDRAW;
         description.lpfnWndProc = &procedure;
         description.hInstance = GetModuleHandleW(nullptr);
@@ -197,7 +197,7 @@ Extent Window::inside() const {
 double Window::unit(Axis axis) const { return hasScale() ? scale_.unit(axis, inside()) : 1; }
 double Window::origin(Axis axis) const { return hasScale() ? scale_.origin(axis) : 0; }
 
-// Length, mode it is given in, mode it is wanted in.
+// Arguments: the length, the mode it is given in, the mode it is wanted in.
 Variant Window::convert(const HostCall& call, Axis axis) {
     Members::expectArguments(call, 3);
     return toHost(static_cast<float>(
@@ -240,12 +240,12 @@ LRESULT Window::answerMessage(UINT message, WPARAM first, LPARAM second) {
 LRESULT CALLBACK Window::procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
     auto* const object = static_cast<Window*>(GetPropW(window, L"Object"));
     if (!object) return DefWindowProcW(window, message, first, second);
-    // Answering may unload the form and with it the last reference.
+    // Answering may unload the form and release its last reference.
     const HostObject alive(object);
     try {
         return object->answerMessage(message, first, second);
     } catch (const RuntimeError&) {
-        // There is nobody to tell behind the system.
+        // The system cannot pass an exception on.
         return DefWindowProcW(window, message, first, second);
     }
 }

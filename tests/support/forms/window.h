@@ -1,4 +1,5 @@
-// What forms and controls share: a window, its colours, font and text, and how it measures what is in it.
+// The common part of forms and controls: a window, its colours, font and text, and the measures of its
+// inside.
 #pragma once
 
 #include <memory>
@@ -22,15 +23,15 @@ inline constexpr std::int32_t systemColour(int number) {
     return static_cast<std::int32_t>(0x80000000u | static_cast<unsigned>(number));
 }
 
-/// The window goes when its form is unloaded. Whoever still holds the object then gets error 364 from what
-/// needs the window.
+/// The window is destroyed when its form is unloaded. If the object is still referenced, members that need
+/// the window then raise error 364.
 class Window : public Object, private FontWatch::Listener {
 public:
     /// Null when the form is unloaded.
     HWND handle() const { return window_; }
     const Text& name() const { return name_; }
 
-    /// Twips in one unit of what is inside, and the number at the edge.
+    /// Twips in one unit of the inside, and the coordinate at the edge.
     double unit(Axis axis) const;
     double origin(Axis axis) const;
 
@@ -48,14 +49,14 @@ public:
     bool visible() const;
     virtual void setVisible(bool visible);
 
-    /// Paints at once what is to be painted.
+    /// Paints everything that is waiting to be painted.
     void refresh();
 
     /// The window as an object; null for a window that is not the host's.
     static Window* of(HWND window);
 
 protected:
-    /// What makes one kind of window.
+    /// The attributes of one kind of window.
     struct Look {
         const wchar_t* windowClass;  // null for a window that paints itself
         DWORD style, extendedStyle;
@@ -65,9 +66,9 @@ protected:
     Window(std::wstring typeName, Text name, test::CallRecord& record, const Look& look);
     ~Window();
 
-    /// To be called by the derived class when it is complete.
+    /// The derived class calls this when it is complete.
     void createWindow(HWND parent, const RECT& pixels, const Text& text);
-    /// The window was destroyed.
+    /// Called when the window is destroyed.
     virtual void forgetWindow();
 
     static Members table();
@@ -76,7 +77,7 @@ protected:
 
     virtual void paint(HDC on);
     virtual void textOrFontChanged() {}
-    /// The window's messages, of one that paints itself.
+    /// Answers the messages of a window that paints itself.
     virtual LRESULT answerMessage(UINT message, WPARAM first, LPARAM second);
 
     /// The window, or error 364.
