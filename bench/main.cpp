@@ -3,7 +3,9 @@
 //     vorla_bench [--quick] [--append] [--results FILE] Vorla6.dll
 //
 // A missed target is a line of the table, not a failure: a shared machine has no say in what is correct.
-// A wrong result or a failing call is one, and the program then ends with 1.
+// A wrong result or a failing call is one, and the program then ends with 1. So ./check compares results
+// only. A row that misses its target in two releases is mended, or gets a new target with the reason beside
+// it.
 #include <fcntl.h>
 #include <io.h>
 
