@@ -90,13 +90,18 @@ void measureEarlyBinding(Bench& bench, const Component& component) {
         [&](BSTR* result) { parse(fields.get(), &kind, &noCustom, result); },
         [&] { return quotedText(fields.get(), kind, noCustom); });
 
-    // Texts as long as in the growth rows, where the system needs most of the time for fresh memory.
+    // Long texts, where the system needs most of the time for fresh memory.
     const Text manyCharacters(1'000'000, L'x');
     const Bstr page{TextView(manyCharacters)};
     compareString(
         bench, "Parse of 1,000,000 characters, early bound",
         [&](BSTR* result) { parse(page.get(), &kind, &noCustom, result); },
         [&] { return quotedText(page.get(), kind, noCustom); });
+    const Bstr farWord{TextView(Text(999'999, L' ') + L'x')};
+    value.bstrVal = farWord.get();
+    compareString(
+        bench, "CBR of a word behind 999,999 blanks, early bound",
+        [&](BSTR* result) { cbr(value, 12, result); }, [&] { return column(farWord.get(), 12); });
     value.bstrVal = page.get();
     const Slot<VARIANT, BSTR*> splitStr(object.get(), L"SplitStr");
     compareString(

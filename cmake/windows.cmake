@@ -1,6 +1,11 @@
 # The component, the program that writes its type library, and the tests that drive it under Wine.
 enable_language(RC)
 
+execute_process(COMMAND ${CMAKE_CXX_COMPILER} -v ERROR_VARIABLE compiler_description)
+if(NOT compiler_description MATCHES "Thread model: win32.*gcc version 12")
+    message(FATAL_ERROR "${CMAKE_CXX_COMPILER} is not GCC 12 with the thread model win32, which Vorla6 is built with.")
+endif()
+
 add_compile_definitions(UNICODE _UNICODE NOMINMAX WINVER=0x0501 _WIN32_WINNT=0x0501)
 add_compile_options(-ffunction-sections -fdata-sections)
 add_link_options(-static -Wl,--gc-sections)
@@ -34,6 +39,10 @@ add_library(vorla_frame OBJECT
     src/frame/values/variant.cpp)
 # The error object is oleaut32's; the import library of ole32 has it too, but before Windows 8 ole32 has not.
 target_link_libraries(vorla_frame PUBLIC vorla_rules oleaut32 ole32 uuid)
+# A file still includes what it uses: ./check builds the library once more without precompiled headers.
+target_precompile_headers(vorla_frame PRIVATE
+    ${PROJECT_SOURCE_DIR}/src/frame/values/winapi.h
+    <algorithm> <array> <cstdint> <functional> <memory> <new> <span> <string> <utility> <vector>)
 
 add_library(vorla_classes OBJECT
     src/frame/com/catalogue.cpp
@@ -61,15 +70,17 @@ add_library(vorla_classes OBJECT
     src/text/VorlaNumerique.cpp
     src/text/VorlaNumerique.publication.cpp)
 target_link_libraries(vorla_classes PUBLIC vorla_frame mpr shell32 shlwapi)
+target_precompile_headers(vorla_classes REUSE_FROM vorla_frame)
 
 # The type library is written by a program of the same build, from the same tables as the component.
-add_library(type_library_writer OBJECT 
+add_library(type_library_writer OBJECT
     tools/typelib/contract_types.cpp
     tools/typelib/type_library_check.cpp
     tools/typelib/type_library_file.cpp
     tools/typelib/type_library_writer.cpp)
 target_include_directories(type_library_writer PUBLIC tools)
 target_link_libraries(type_library_writer PUBLIC vorla_frame)
+target_compile_options(type_library_writer PRIVATE -Og)
 
 function(vorla_link target)
     # Object libraries hand on their usage, not their objects.
@@ -104,6 +115,9 @@ target_link_options(Vorla6 PRIVATE
 
 add_subdirectory(bench)
 
+# What follows tests the component or shows it, and is built so that it builds fast.
+add_compile_options(-Og)
+
 # GoogleTest's package holds its sources; the cross compilers need it built for them.
 set(googletest /usr/src/googletest/googletest)
 add_library(gtest STATIC EXCLUDE_FROM_ALL ${googletest}/src/gtest-all.cc)
@@ -111,26 +125,30 @@ target_include_directories(gtest SYSTEM PUBLIC ${googletest}/include)
 target_include_directories(gtest PRIVATE ${googletest})
 target_compile_options(gtest PRIVATE -w)
 target_compile_definitions(gtest PUBLIC GTEST_HAS_PTHREAD=0 GTEST_HAS_NOTIFICATION_=1)
-target_compile_options(gtest PUBLIC -include ${PROJECT_SOURCE_DIR}/tests/support/gtest_notification.h)
+# Its users get the notification first in their precompiled header, which takes no other header before it.
+set(notification ${PROJECT_SOURCE_DIR}/tests/support/gtest_notification.h)
+target_compile_options(gtest
+    PRIVATE -include ${notification}
+    INTERFACE $<$<BOOL:${CMAKE_DISABLE_PRECOMPILE_HEADERS}>:SHELL:-include ${notification}>)
 
 # Programs of one prefix take turns: the user's language is the prefix's.
 string(REGEX REPLACE "^.*/" "" word_size ${CMAKE_BINARY_DIR})
 set(wine_prefix wine-${word_size})
 
-# A test program's runs: under French settings, under English settings, and with the heap watched.
+# A test program's runs: all tests under French settings, and all under English ones with the heap watched,
+# where Wine checks each block that is freed and tells of one that was overrun, freed twice or never allocated.
 function(vorla_test program)
-    foreach(language fr_FR en_US)
-        add_test(NAME ${program}.${language} COMMAND ${program} WORKING_DIRECTORY ${CMAKE_BINARY_DIR})
-        set_tests_properties(${program}.${language} PROPERTIES
-            ENVIRONMENT VORLA_LANG=${language}.UTF-8 RESOURCE_LOCK ${wine_prefix} TIMEOUT 300)
-    endforeach()
-    add_test(NAME ${program}.heap COMMAND ${program} WORKING_DIRECTORY ${CMAKE_BINARY_DIR})
-    set_tests_properties(${program}.heap PROPERTIES
-        ENVIRONMENT WINEDEBUG=warn+heap,fixme-all FAIL_REGULAR_EXPRESSION "warn:heap"
+    add_test(NAME ${program}.fr_FR COMMAND ${program} WORKING_DIRECTORY ${CMAKE_BINARY_DIR})
+    set_tests_properties(${program}.fr_FR PROPERTIES
+        ENVIRONMENT VORLA_LANG=fr_FR.UTF-8 RESOURCE_LOCK ${wine_prefix} TIMEOUT 300)
+    add_test(NAME ${program}.en_US.heap COMMAND ${program} WORKING_DIRECTORY ${CMAKE_BINARY_DIR})
+    set_tests_properties(${program}.en_US.heap PROPERTIES
+        ENVIRONMENT "VORLA_LANG=en_US.UTF-8;WINEDEBUG=warn+heap,fixme-all" FAIL_REGULAR_EXPRESSION "warn:heap"
         RESOURCE_LOCK ${wine_prefix} TIMEOUT 300)
 endfunction()
 
 add_subdirectory(tests/support)
+target_precompile_headers(type_library_writer REUSE_FROM forms_host)
 add_subdirectory(tests/frame)
 add_subdirectory(tests/contract)
 add_subdirectory(tests/registration)
