@@ -74,11 +74,12 @@ bool isNumeric(TextView text);
 /// format stays as it is.
 Bstr formattedValue(VariantView value, const wchar_t* format);
 
-/// A numeric text rounded to a whole number, halves away from zero as formats round; "-" and digits.
-Bstr roundedNumber(TextView numeric);
+/// A numeric text rounded to a whole number, halves away from zero as formats round; "-" and digits, never an
+/// exponent. Beyond 15 digits there are zeros.
+Text roundedNumber(TextView numeric);
 
-/// A numeric text in the general form of the user's locale.
-Bstr generalNumber(TextView numeric);
+/// A numeric text in the general form of the user's locale, with an exponent from 10^15 on.
+Text generalNumber(TextView numeric);
 
 /// A number through a format: a pattern or the name of one of the system's formats. Locale: the user's.
 /// Error 6 for what is no number and for a number of more than 28 digits.
