@@ -150,7 +150,9 @@ void saveForm(const HostObject& form, TextView file) {
     forEachControl(saved, [&](BoundObject& control) {
         const auto index = indexOf(control);
         for (const Literal property : properties)
-            step([&] { saveText(saved, file, control, index, property); });
+            step([&] {
+                if (control.hasProperty(property)) saveText(saved, file, control, index, property);
+            });
     });
 }
 
