@@ -26,8 +26,7 @@ Text indexOf(BoundObject& control) {
 Text tagOf(BoundObject& object) { return object.getAs<Text>(L"Tag"); }
 
 // Controls that come from elsewhere give their colours without a sign.
-std::int32_t colourOf(BoundObject& object) {
-    const auto colour = object.get(L"BackColor");
+std::int32_t colourIn(const Variant& colour) {
     if (colour.view().type() == VT_UI4) return static_cast<std::int32_t>(colour.view().raw().ulVal);
     return converted(colour.view(), VT_I4).raw().lVal;
 }
@@ -94,7 +93,15 @@ void loadTitle(BoundObject& form) {
 
 void colourForm(BoundObject& form, const Theme& theme) {
     const auto tag = theme.applies ? tagOf(form) : Text();
-    if (const auto colour = formColour(theme, colourOf(form), tag)) form.put(L"BackColor", *colour);
+    if (const auto colour = formColour(theme, colourIn(form.get(L"BackColor")), tag))
+        form.put(L"BackColor", *colour);
+}
+
+// Unlike the keys that controlKey() makes, one for loading keeps the blanks of an index that is text.
+Text loadedKey(TextView control, TextView index, TextView property) {
+    Text key(control);
+    if (!index.empty()) key.append(keySeparator).append(index);
+    return key.append(keySeparator).append(property);
 }
 
 void loadTexts(BoundObject& control, TextView section) {
@@ -102,7 +109,7 @@ void loadTexts(BoundObject& control, TextView section) {
     for (const Literal property : properties) {
         step([&] {
             if (!control.hasProperty(property)) return;
-            const auto text = LngReadValue(section, controlKey(nameOf(control), index, property));
+            const auto text = LngReadValue(section, loadedKey(nameOf(control), index, property));
             if (!text.empty()) control.put(property, text);
         });
     }
@@ -119,9 +126,12 @@ void loadControl(BoundObject& control, BoundObject& label, TextView section, con
     }
     if (!wanted.colours) return;
     step([&] {
-        const auto colour =
-            controlColour(wanted.theme, colourOf(control), tagOf(control), hasWindowColour(type));
-        if (colour) control.put(L"BackColor", *colour);
+        const auto present = control.get(L"BackColor");
+        const auto rule = colouringOf(tagOf(control), hasWindowColour(type));
+        if (rule == Colouring::tab) control.put(L"BackColor", wanted.theme.tabBack);
+        if (rule != Colouring::themed) return;
+        if (const auto colour = themedColour(wanted.theme, colourIn(present)))
+            control.put(L"BackColor", *colour);
     });
 }
 

@@ -22,10 +22,16 @@ struct Theme {
 /// colour instead of the theme's: hosts rely on it, though a control so tagged is left alone.
 std::optional<std::int32_t> formColour(const Theme& theme, std::int32_t present, TextView tag);
 
-/// The new colour of a control; none when it keeps its own. `hasWindowColour` for the kinds that users write
-/// and choose in, which keep it whatever their tag.
-std::optional<std::int32_t> controlColour(const Theme& theme, std::int32_t present, TextView tag,
-                                          bool hasWindowColour);
+/// What decides on the colour of a control: nothing, so that it keeps its own; its being a tab, which gets
+/// the theme's colour for tabs whatever its own is; or the rule of themedColour().
+enum class Colouring { none, tab, themed };
+
+/// The same for a control's tag. `hasWindowColour` for the kinds that users write and choose in, which keep
+/// it whatever their tag.
+Colouring colouringOf(TextView tag, bool hasWindowColour);
+
+/// The new colour of a themed control; none when it keeps its own.
+std::optional<std::int32_t> themedColour(const Theme& theme, std::int32_t present);
 
 /// Whether the tag exempts a check box from being resized to its text.
 bool keepsWidth(TextView tag);
