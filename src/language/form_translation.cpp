@@ -69,13 +69,23 @@ bool hasWindowColour(TextView type) {
     return isTextBox(type) || isComboBox(type) || isListBox(type) || type == L"MaskEdBox";
 }
 
+constexpr std::int16_t twips = 1;
+
+// The scale of the control's width. Twips unless its container has another, so also for a control whose
+// container cannot be read, where ScaleModeConteneur() would answer 0.
+std::int16_t scaleAround(BoundObject& control) {
+    HostObject container;
+    step([&] { container = control.getObject(L"Container"); });
+    if (!ProprieteExiste(container, L"Scalemode", callPropertyGet)) return twips;
+    return BoundObject(container).getAs<std::int16_t>(L"ScaleMode");
+}
+
 void fit(BoundObject& control, BoundObject& label, TextView text) {
-    constexpr std::int16_t twips = 1;
     constexpr std::int16_t boxAndGap = 330;  // twips: the box or circle, and the gap before the text
     label.putRef(L"Font", control.getObject(L"Font"));
     label.putDefault(text);
     BoundObject container(label.getObject(L"Container"));
-    const auto scale = ScaleModeConteneur(control.object());
+    const auto scale = scaleAround(control);
     const auto scaled = [&](const auto& length, const auto& from) {
         return converted(container.call(L"ScaleX", length, from, scale).view(), VT_R8).raw().dblVal;
     };

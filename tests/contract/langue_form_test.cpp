@@ -347,6 +347,28 @@ TEST_F(LangueForms, resizingFollowsTheContainersScale) {
         check.value(L"Container") = Variant();
     }
     {
+        // So is a control in no container, or in one that cannot be read.
+        Form form;
+        ScriptedObject option;
+        option.className(L"OptionButton").property(L"Font", object(&form.font));
+        option.property(L"Width", 1000.0).property(L"Caption", text(L"x"));
+        EXPECT_EQ(S_OK, resize(form, option).code);
+        EXPECT_EQ(930, widthOf(option));
+        for (const Variant& none : {nothing(), Variant(), text(L"frame")}) {
+            option.property(L"Container", none);
+            EXPECT_EQ(S_OK, resize(form, option).code);
+            EXPECT_EQ(930, widthOf(option));
+        }
+        // Loading a form goes by the same rule.
+        select(L"ENG");
+        Form loaded;
+        auto& alone = loaded.add(L"OptionButton", L"opt", L"x");
+        alone.value(L"Container") = nothing();
+        loaded.complete();
+        load(loaded);
+        EXPECT_EQ(930, widthOf(alone));
+    }
+    {
         // Whatever the label calls its text, it is what the label stands for.
         Form form;
         auto& option = form.add(L"OptionButton", L"opt", L"x");
