@@ -23,7 +23,8 @@ public:
 
     /// Whether the key goes with the account. True also, after a message, for a bank or branch code that
     /// is no number, and for any key where the account's remainder is 0: old hosts rely on both. Error 6
-    /// for a code beyond the 32-bit range.
+    /// for a code beyond the 32-bit range. The bank's number is read by the user's settings, of the others
+    /// the number they begin with; an account may have any length.
     bool RIBControle(TextView Code_banque, TextView Code_guichet, TextView Compte, TextView Clé_Rib);
 
     /// The key of the account; 0 after a message for a bank or branch code that is no number, and where

@@ -13,12 +13,24 @@ namespace vorla {
 /// the same counting: lower-case letters continue behind "Z", so "a" stands for 6.
 Text accountDigits(TextView account);
 
-/// The number of 21 digits modulo 97, in pieces that fit 32 bits. `formattedAccount` is the converted
-/// account written with at least 11 digits: its first 6 and its last 5 characters count.
+/// A number as it was read from a text: its digits, and how many zeros follow them; below 0, how many of the
+/// digits are decimals.
+struct ReadNumber {
+    Text digits;
+    int zeros = 0;
+    bool isNegative = false;
+};
+
+/// The number as a whole one, halves rounded away from zero, with zeros in front up to 11 digits, behind its
+/// minus.
+Text wholeAccount(const ReadNumber& number);
+
+/// The number of 21 digits modulo 97, in pieces that fit 32 bits. `account` is the converted account
+/// written with at least 11 digits: its first 6 and its last 5 characters count.
 ///
-/// Each code is taken for the number it begins with (leadingNumber), and what is divided is rounded first,
-/// halves to even. Error 6 when a code brings it out of the 32-bit range.
-std::int32_t bankRemainder(TextView bank, TextView branch, TextView formattedAccount);
+/// Branch and account are taken for the number they begin with (leadingNumber), and what is divided is
+/// rounded first, halves to even. Error 6 when a code brings it out of the 32-bit range.
+std::int32_t bankRemainder(double bank, TextView branch, TextView account);
 
 /// The key for a remainder; 0 for the remainder 0, where the bank's own key is 97. Old hosts rely on it.
 std::int16_t bankKey(std::int32_t remainder);

@@ -166,10 +166,13 @@ Text withoutExponent(TextView number) {
 
 }  // namespace
 
-bool isNumeric(TextView text) {
-    double value;
-    return SUCCEEDED(parseNumber(text, value));
+std::optional<double> numberIn(TextView text) {
+    double value = 0;
+    if (FAILED(parseNumber(text, value))) return {};
+    return value;
 }
+
+bool isNumeric(TextView text) { return numberIn(text).has_value(); }
 
 Bstr formattedValue(VariantView value, const wchar_t* format) {
     // The function writes to neither, which its declaration does not say.
