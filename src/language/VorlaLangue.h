@@ -76,7 +76,7 @@ public:
                     VariantView String_3, VariantView String_4);
 
     /// Writes a message into the file of the language in use. Nothing happens when none is selected or when
-    /// either is empty; a failure of Windows goes unreported.
+    /// either is empty, or longer than 32,766 characters; a failure of Windows goes unreported.
     void LngSaveMsg(TextView strMsgId, TextView strMsg);
 
     /// The key of a control's property; see language/language_format.h.

@@ -100,7 +100,8 @@ public:
     /// Whether a screen saver runs, or a desktop that only it may open exists.
     bool IsScreenSaverRunning();
 
-    /// The network path of a path on a drive that a network folder is connected to; any other path as it is.
+    /// The network path of a path on a drive that a network folder is connected to; any other path as it is,
+    /// and one of 260 characters or more.
     Text UNCPathFromPath(const Text& pLocalName);
 
     /// The process that a window belongs to.
