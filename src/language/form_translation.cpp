@@ -74,10 +74,11 @@ constexpr std::int16_t twips = 1;
 // The scale of the control's width. Twips unless its container has another, so also for a control whose
 // container cannot be read, where ScaleModeConteneur() would answer 0.
 std::int16_t scaleAround(BoundObject& control) {
-    HostObject container;
-    step([&] { container = control.getObject(L"Container"); });
-    if (!ProprieteExiste(container, L"Scalemode", callPropertyGet)) return twips;
-    return BoundObject(container).getAs<std::int16_t>(L"ScaleMode");
+    return endOnError(twips, [&] {
+        const auto container = control.getObject(L"Container");
+        if (!ProprieteExiste(container, L"Scalemode", callPropertyGet)) return twips;
+        return BoundObject(container).getAs<std::int16_t>(L"ScaleMode");
+    });
 }
 
 void fit(BoundObject& control, BoundObject& label, TextView text) {
