@@ -18,6 +18,7 @@ add_library(vorla_frame OBJECT
     src/frame/com/module.cpp
     src/frame/com/publication.cpp
     src/frame/com/registration.cpp
+    src/frame/com/registry_tree.cpp
     src/frame/shared/browsing.cpp
     src/frame/shared/comparison.cpp
     src/frame/shared/files.cpp

@@ -77,7 +77,8 @@ public:
                     VariantView String_3, VariantView String_4);
 
     /// Writes a message into the file of the language in use. Nothing happens when no language is selected,
-    /// or when the name or the message is empty. A failure of Windows is not reported.
+    /// or when the name or the message is empty or longer than 32,766 characters. A failure of Windows is not
+    /// reported.
     void LngSaveMsg(TextView strMsgId, TextView strMsg);
 
     /// The key of a control's property; see language/language_format.h.

@@ -26,8 +26,7 @@ Text indexOf(BoundObject& control) {
 Text tagOf(BoundObject& object) { return object.getAs<Text>(L"Tag"); }
 
 // Controls that are not the host's own may give their colours as unsigned numbers.
-std::int32_t colourOf(BoundObject& object) {
-    const auto colour = object.get(L"BackColor");
+std::int32_t colourIn(const Variant& colour) {
     if (colour.view().type() == VT_UI4) return static_cast<std::int32_t>(colour.view().raw().ulVal);
     return converted(colour.view(), VT_I4).raw().lVal;
 }
@@ -70,13 +69,24 @@ bool hasWindowColour(TextView type) {
     return isTextBox(type) || isComboBox(type) || isListBox(type) || type == L"MaskEdBox";
 }
 
+constexpr std::int16_t twips = 1;
+
+// The scale of the control's width. Twips unless its container has another, so also for a control whose
+// container cannot be read, where ScaleModeConteneur() would answer 0.
+std::int16_t scaleAround(BoundObject& control) {
+    return endOnError(twips, [&] {
+        const auto container = control.getObject(L"Container");
+        if (!ProprieteExiste(container, L"Scalemode", callPropertyGet)) return twips;
+        return BoundObject(container).getAs<std::int16_t>(L"ScaleMode");
+    });
+}
+
 void fit(BoundObject& control, BoundObject& label, TextView text) {
-    constexpr std::int16_t twips = 1;
     constexpr std::int16_t boxAndGap = 330;  // twips: the box or circle, and the gap before the text
     label.putRef(L"Font", control.getObject(L"Font"));
     label.putDefault(text);
     BoundObject container(label.getObject(L"Container"));
-    const auto scale = ScaleModeConteneur(control.object());
+    const auto scale = scaleAround(control);
     const auto scaled = [&](const auto& length, const auto& from) {
         return converted(container.call(L"ScaleX", length, from, scale).view(), VT_R8).raw().dblVal;
     };
@@ -94,7 +104,15 @@ void loadTitle(BoundObject& form) {
 
 void colourForm(BoundObject& form, const Theme& theme) {
     const auto tag = theme.applies ? tagOf(form) : Text();
-    if (const auto colour = formColour(theme, colourOf(form), tag)) form.put(L"BackColor", *colour);
+    if (const auto colour = formColour(theme, colourIn(form.get(L"BackColor")), tag))
+        form.put(L"BackColor", *colour);
+}
+
+// Unlike the keys that controlKey() makes, one for loading keeps the blanks of an index that is text.
+Text loadedKey(TextView control, TextView index, TextView property) {
+    Text key(control);
+    if (!index.empty()) key.append(keySeparator).append(index);
+    return key.append(keySeparator).append(property);
 }
 
 void loadTexts(BoundObject& control, TextView section) {
@@ -102,7 +120,7 @@ void loadTexts(BoundObject& control, TextView section) {
     for (const Literal property : properties) {
         step([&] {
             if (!control.hasProperty(property)) return;
-            const auto text = LngReadValue(section, controlKey(nameOf(control), index, property));
+            const auto text = LngReadValue(section, loadedKey(nameOf(control), index, property));
             if (!text.empty()) control.put(property, text);
         });
     }
@@ -119,9 +137,12 @@ void loadControl(BoundObject& control, BoundObject& label, TextView section, con
     }
     if (!wanted.colours) return;
     step([&] {
-        const auto colour =
-            controlColour(wanted.theme, colourOf(control), tagOf(control), hasWindowColour(type));
-        if (colour) control.put(L"BackColor", *colour);
+        const auto present = control.get(L"BackColor");
+        const auto rule = colouringOf(tagOf(control), hasWindowColour(type));
+        if (rule == Colouring::tab) control.put(L"BackColor", wanted.theme.tabBack);
+        if (rule != Colouring::themed) return;
+        if (const auto colour = themedColour(wanted.theme, colourIn(present)))
+            control.put(L"BackColor", *colour);
     });
 }
 
@@ -150,7 +171,9 @@ void saveForm(const HostObject& form, TextView file) {
     forEachControl(saved, [&](BoundObject& control) {
         const auto index = indexOf(control);
         for (const Literal property : properties)
-            step([&] { saveText(saved, file, control, index, property); });
+            step([&] {
+                if (control.hasProperty(property)) saveText(saved, file, control, index, property);
+            });
     });
 }
 

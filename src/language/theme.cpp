@@ -14,10 +14,12 @@ std::optional<std::int32_t> formColour(const Theme& theme, std::int32_t present,
     return theme.applies && !keepsColour(tag) ? theme.back : buttonFace;
 }
 
-std::optional<std::int32_t> controlColour(const Theme& theme, std::int32_t present, TextView tag,
-                                          bool hasWindowColour) {
-    if (keepsColour(tag) || hasWindowColour) return {};
-    if (tag == L"**SmartTab**") return theme.tabBack;
+Colouring colouringOf(TextView tag, bool hasWindowColour) {
+    if (keepsColour(tag) || hasWindowColour) return Colouring::none;
+    return tag == L"**SmartTab**" ? Colouring::tab : Colouring::themed;
+}
+
+std::optional<std::int32_t> themedColour(const Theme& theme, std::int32_t present) {
     if (present != theme.marked) return {};
     return theme.applies ? theme.back : buttonFace;
 }

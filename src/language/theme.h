@@ -22,10 +22,16 @@ struct Theme {
 /// instead of the theme's, although a control with this tag is left alone. Old hosts rely on this.
 std::optional<std::int32_t> formColour(const Theme& theme, std::int32_t present, TextView tag);
 
-/// The new colour of a control; empty if it keeps its own. `hasWindowColour` is true for kinds in which users
-/// type or choose: they keep their colour whatever their tag.
-std::optional<std::int32_t> controlColour(const Theme& theme, std::int32_t present, TextView tag,
-                                          bool hasWindowColour);
+/// What decides the colour of a control: nothing, so it keeps its own; its being a tab, which gets the
+/// theme's colour for tabs whatever its own is; or the rule of themedColour().
+enum class Colouring { none, tab, themed };
+
+/// The decision by a control's tag. `hasWindowColour` is true for kinds in which users type or choose: they
+/// keep their colour whatever their tag.
+Colouring colouringOf(TextView tag, bool hasWindowColour);
+
+/// The new colour of a themed control; empty if it keeps its own.
+std::optional<std::int32_t> themedColour(const Theme& theme, std::int32_t present);
 
 /// Whether the tag exempts a check box from being resized to its text.
 bool keepsWidth(TextView tag);

@@ -366,6 +366,8 @@ bool VorlaSystem::IsScreenSaverRunning() {
 
 Text VorlaSystem::UNCPathFromPath(const Text& pLocalName) {
     const auto path = toAnsi(pLocalName);
+    // Finding the root of a longer one is beyond some systems, or takes them minutes.
+    if (path.size() >= MAX_PATH) return pLocalName;
     auto root = path;
     PathStripToRootA(root.data());
     root.resize(std::strlen(root.c_str()));

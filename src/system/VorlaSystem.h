@@ -101,7 +101,8 @@ public:
     /// Whether a screen saver runs, or a desktop for screen savers exists.
     bool IsScreenSaverRunning();
 
-    /// The network path of a path on a connected network drive; any other path unchanged.
+    /// The network path of a path on a connected network drive; any other path, and one of 260 characters or
+    /// more, unchanged.
     Text UNCPathFromPath(const Text& pLocalName);
 
     /// The process that a window belongs to.

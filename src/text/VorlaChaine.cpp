@@ -49,7 +49,7 @@ Bstr VorlaChaine::Zclé(TextView Clé, std::int16_t Longueur) {
         return Bstr(storedKey(upperCased(kept), Longueur));
     }
     const auto number = Longueur == 0 ? generalNumber(Clé) : roundedNumber(Clé);
-    return Bstr(zeroFilled(number.view(), Longueur));
+    return Bstr(zeroFilled(number, Longueur));
 }
 
 Joined VorlaChaine::NumLet(TextView Chaine, std::int16_t Longueur) { return nextCode(Chaine, Longueur); }

@@ -1,7 +1,12 @@
 #include "text/VorlaNumerique.h"
 
+#include <algorithm>
+#include <array>
+#include <optional>
+
 #include "frame/host/message_box.h"
 #include "frame/values/conversions.h"
+#include "frame/values/winapi.h"
 #include "text/amounts.h"
 #include "text/bank_key.h"
 
@@ -16,10 +21,32 @@ wchar_t decimalSeparator() {
 
 bool holds(TextView text, wchar_t character) { return text.find(character) != TextView::npos; }
 
+// A converted account as the system reads numbers; empty when it is not a number. The system is not asked
+// about digits alone, nor about texts longer than any number: some systems lose digits past the thousandth.
+std::optional<ReadNumber> readAccount(TextView account) {
+    const auto plain = trimmed(account);
+    if (!plain.empty() && plain.find_first_not_of(L"0123456789") == TextView::npos)
+        return ReadNumber{Text(plain)};
+    constexpr std::size_t longest = 256;
+    if (account.size() > longest) return {};
+    NUMPARSE number{};
+    number.cDig = longest;
+    number.dwInFlags = NUMPRS_STD & ~NUMPRS_HEX_OCT;
+    std::array<BYTE, longest> digits;
+    if (FAILED(VarParseNumFromStr(Bstr(account).get(), LOCALE_USER_DEFAULT, 0, &number, digits.data())))
+        return {};
+    ReadNumber read{Text(static_cast<std::size_t>(number.cDig), L'0'), number.nPwr10,
+                    (number.dwOutFlags & NUMPRS_NEG) != 0};
+    std::transform(read.digits.begin(), read.digits.end(), digits.begin(), read.digits.begin(),
+                   [](wchar_t zero, BYTE digit) { return static_cast<wchar_t>(zero + digit); });
+    return read;
+}
+
 // The remainder of an account. If a code is not a number, the user sees a message and the result is 0. A
 // remainder of 0 has the same effect in both members below, as old hosts expect.
 std::int32_t remainder(TextView bank, TextView branch, TextView account) {
-    if (!isNumeric(bank)) {
+    const auto number = numberIn(bank);
+    if (!number) {
         messageBox(L"Code banque non numérique");
         return 0;
     }
@@ -27,8 +54,9 @@ std::int32_t remainder(TextView bank, TextView branch, TextView account) {
         messageBox(L"Code guichet non numérique");
         return 0;
     }
-    const Variant digits(TextView(accountDigits(account)));
-    return bankRemainder(bank, branch, formattedValue(digits.view(), L"00000000000").view());
+    const auto digits = accountDigits(account);
+    const auto read = readAccount(digits);
+    return bankRemainder(*number, branch, read ? wholeAccount(*read) : digits);
 }
 
 }  // namespace

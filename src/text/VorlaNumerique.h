@@ -22,7 +22,8 @@ public:
     Variant NumFrmtEnr(VariantView Montant);
 
     /// Whether the key fits the account; see bankKeyFits(). Also True, after a message, for a bank or branch
-    /// code that is not a number. Error 6 for a code beyond the 32-bit range.
+    /// code that is not a number. The bank's number is read by the user's settings; the other codes count as
+    /// the number they begin with. Error 6 for a code beyond the 32-bit range.
     bool RIBControle(TextView Code_banque, TextView Code_guichet, TextView Compte, TextView Clé_Rib);
 
     /// The key of the account. 0 after a message for a bank or branch code that is not a number, and when the

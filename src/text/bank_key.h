@@ -13,12 +13,23 @@ namespace vorla {
 /// 6. All other characters stay.
 Text accountDigits(TextView account);
 
-/// The number of 21 digits modulo 97, computed in pieces that fit 32 bits. `formattedAccount` is the
-/// converted account with at least 11 digits: its first 6 and its last 5 characters count.
+/// A number as it was read from a text: its digits, and how many zeros follow them; below 0, how many of the
+/// digits are decimals.
+struct ReadNumber {
+    Text digits;
+    int zeros = 0;
+    bool isNegative = false;
+};
+
+/// The number as a whole one, halves rounded away from zero, filled with zeros to 11 digits after its minus.
+Text wholeAccount(const ReadNumber& number);
+
+/// The number of 21 digits modulo 97, computed in pieces that fit 32 bits. `account` is the converted account
+/// with at least 11 digits: its first 6 and its last 5 characters count.
 ///
-/// Each code counts as the number it begins with (leadingNumber), and what is divided is rounded first,
-/// halves to even. Error 6 when a value leaves the 32-bit range.
-std::int32_t bankRemainder(TextView bank, TextView branch, TextView formattedAccount);
+/// Branch and account count as the number they begin with (leadingNumber), and what is divided is rounded
+/// first, halves to even. Error 6 when a value leaves the 32-bit range.
+std::int32_t bankRemainder(double bank, TextView branch, TextView account);
 
 /// The key for a remainder; 0 for the remainder 0, where the bank itself uses the key 97.
 std::int16_t bankKey(std::int32_t remainder);

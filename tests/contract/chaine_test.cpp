@@ -136,6 +136,43 @@ TEST_F(Chaine, storedKeys) {
     EXPECT_EQ(std::wstring(32766, L'0') + L"9", viewOf(widest.result.raw().bstrVal));
 }
 
+// From 10^15 on, and below a ten-thousandth, the system's own text of a number has an exponent.
+TEST_F(Chaine, keysOfVeryLargeAndVerySmallNumbers) {
+    const std::wstring sign = isFrench() ? L"," : L".";
+    struct Row {
+        std::wstring key;
+        int width;
+        std::wstring stored;
+    };
+    const Row rows[] = {
+        {L"1234567890123450", 3, L"1234567890123450"},
+        {L"-1234567890123450", 3, L"-1234567890123450"},
+        {L"1234567890123450", 20, L"00001234567890123450"},
+        {L"999999999999999", 3, L"999999999999999"},
+        {L"1000000000000000", 3, L"1000000000000000"},
+        // A number has 15 digits; behind them stand zeros.
+        {L"12345678901234567890", 3, L"12345678901234600000"},
+        {L"-12345678901234567890", 24, L"-000012345678901234600000"},
+        // More than 28 digits, and more than 256.
+        {L"1234567890123450000000000000000000000000", 3, L"1234567890123450000000000000000000000000"},
+        {L"1E28", 3, L"1" + std::wstring(28, L'0')},
+        {L"1E29", 3, L"1" + std::wstring(29, L'0')},
+        {L"-1" + sign + L"5E300", 3, L"-15" + std::wstring(299, L'0')},
+        {L"0" + sign + L"000012345", 3, L"000"},
+        {L"0" + sign + L"00001", 1, L"0"},
+        {L"0" + sign + L"0001", 3, L"000"},
+        {L"1E-300", 3, L"000"},
+        // In general form.
+        {L"123456789012345", 0, L"123456789012345"},
+        {L"1234567890123450", 0, L"1" + sign + L"23456789012345E+15"},
+        {L"-1234567890123450", 0, L"-1" + sign + L"23456789012345E+15"},
+        {L"1E300", 0, L"1E+300"},
+        {L"1" + sign + L"25E-300", 0, L"1" + sign + L"25E-300"},
+    };
+    for (const Row& row : rows)
+        expectResult(call(L"Zclé", {text(row.key), short16(row.width)}), text(row.stored), narrow(row.key));
+}
+
 TEST_F(Chaine, successiveCodesAreIndependent) {
     expectResult(call(L"NumLet", {text(L"9Z")}), text(L"A0"));
     expectResult(call(L"NumLet", {text(L"0ZZ")}), text(L"100"));

@@ -48,6 +48,24 @@ TEST_F(LangueSaving, whatAFormSaysGoesIntoItsSection) {
     EXPECT_EQ(0u, form.form.logged(L"put") + form.controls[0].logged(L"put") + form.label.log().size());
 }
 
+TEST_F(LangueSaving, methodsAreNotCalledForTheirNames) {
+    select(L"ENG");
+    Form form;
+    int calls = 0;
+    auto& control = form.add(L"Wizard", L"wiz");
+    for (const wchar_t* name : {L"Caption", L"ToolTipText"}) {
+        control.method(name, [&calls](const ScriptedObject::Call&) {
+            ++calls;
+            return Variant(text(L"done"));
+        });
+    }
+    control.property(L"Text", text(L"x"));
+    form.complete();
+    save(form, L"NEW");
+    EXPECT_EQ(0, calls);
+    EXPECT_EQ("[frmMain]\r\nfrmMain#Caption=Fiche\r\nwiz#Text=x\r\n", bytesOf(languages + L"\\NEW.lng"));
+}
+
 TEST_F(LangueSaving, aFileIsMadeByItsFirstText) {
     select(L"ENG");
     Form form;

@@ -239,6 +239,60 @@ TEST_F(LangueForms, coloursOfControls) {
     EXPECT_EQ(themed, numberIn(control, L"BackColor"));
 }
 
+TEST_F(LangueForms, aTabGetsItsColourWhateverItsOwnIs) {
+    select(L"ENG");
+    theme(true);
+    ScriptedObject standsForColour{colour(other)};
+    Variant values[] = {text(L"red"),  nullValue(), Variant(),
+                        Variant(1e20), nothing(),   object(&standsForColour)};
+    for (const Variant& before : values) {
+        Form form;
+        auto& tab = form.add(L"SSTab", L"tab");
+        tab.value(L"BackColor") = before;
+        tab.value(L"Tag") = text(L"**SmartTab**");
+        form.complete();
+        load(form);
+        EXPECT_EQ(VT_I4, tab.value(L"BackColor").raw().vt) << describe(before.raw());
+        EXPECT_EQ(tabs, numberIn(tab, L"BackColor")) << describe(before.raw());
+    }
+    EXPECT_TRUE(standsForColour.log().empty());
+    // A colour that cannot be read is none.
+    Form form;
+    auto& tab = form.add(L"SSTab", L"tab");
+    tab.value(L"Tag") = text(L"**SmartTab**");
+    ScriptedObject bare;
+    bare.className(L"SSTab").property(L"Name", text(L"bare")).property(L"Tag", text(L"**SmartTab**"));
+    form.complete();
+    form.list.items({object(&bare), object(&tab)}, ScriptedObject::Walk::byEnumerator);
+    load(form);
+    EXPECT_EQ(0u, bare.logged(L"put"));
+    EXPECT_EQ(tabs, numberIn(tab, L"BackColor"));
+    form.list.items({}, ScriptedObject::Walk::byEnumerator);
+    // Without the tag, what is no colour is left alone.
+    Form untagged;
+    auto& red = untagged.add(L"Label", L"lbl");
+    red.value(L"BackColor") = text(L"red");
+    untagged.complete();
+    load(untagged);
+    EXPECT_EQ(L"red", textIn(red, L"BackColor"));
+}
+
+TEST_F(LangueForms, anIndexThatIsTextIsUsedAsItIs) {
+    languageFile(L"ENG",
+                 L"[frmMain]\r\nopt# 1 #Caption=blanks\r\nopt#1#Caption=none\r\nopt# #Caption=blank\r\n"
+                 L"opt##Caption=empty\r\n");
+    select(L"ENG");
+    Form form;
+    auto& blanks = form.add(L"Label", L"opt", L"design").property(L"Index", text(L" 1 "));
+    auto& plain = form.add(L"Label", L"opt", L"design").property(L"Index", text(L"1"));
+    auto& blank = form.add(L"Label", L"opt", L"design").property(L"Index", text(L" "));
+    form.complete();
+    load(form);
+    EXPECT_EQ(L"blanks", textIn(blanks, L"Caption"));
+    EXPECT_EQ(L"none", textIn(plain, L"Caption"));
+    EXPECT_EQ(L"blank", textIn(blank, L"Caption"));
+}
+
 TEST_F(LangueForms, optionButtonsAndCheckBoxesAreAsWideAsTheirTexts) {
     languageFile(L"ENG", L"[frmMain]\r\nctl#Caption=A longer text\r\n");
     select(L"ENG");
@@ -291,6 +345,28 @@ TEST_F(LangueForms, resizingFollowsTheContainersScale) {
         EXPECT_EQ(S_OK, resize(form, check).code);
         EXPECT_EQ(930, widthOf(check));
         check.value(L"Container") = Variant();
+    }
+    {
+        // The same holds for a control without a container, or with one that cannot be read.
+        Form form;
+        ScriptedObject option;
+        option.className(L"OptionButton").property(L"Font", object(&form.font));
+        option.property(L"Width", 1000.0).property(L"Caption", text(L"x"));
+        EXPECT_EQ(S_OK, resize(form, option).code);
+        EXPECT_EQ(930, widthOf(option));
+        for (const Variant& none : {nothing(), Variant(), text(L"frame")}) {
+            option.property(L"Container", none);
+            EXPECT_EQ(S_OK, resize(form, option).code);
+            EXPECT_EQ(930, widthOf(option));
+        }
+        // Loading a form goes by the same rule.
+        select(L"ENG");
+        Form loaded;
+        auto& alone = loaded.add(L"OptionButton", L"opt", L"x");
+        alone.value(L"Container") = nothing();
+        loaded.complete();
+        load(loaded);
+        EXPECT_EQ(930, widthOf(alone));
     }
     {
         // The text is set through the label's default property, whatever its name.

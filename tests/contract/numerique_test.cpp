@@ -254,6 +254,66 @@ TEST_F(Numérique, codesBeyondTheRangeOverflow) {
     expectResult(call(L"RIBClé", {text(L"2147483647"), text(L"0"), text(L"0")}), short16(35));
 }
 
+TEST_F(Numérique, aBankIsANumberByTheUsersSettings) {
+    const auto keyOf = [this](const std::wstring& bank) {
+        return call(L"RIBClé", {text(bank), text(L"00550"), text(L"0000157841Z")});
+    };
+    // 30002, however it is written.
+    for (const std::wstring& bank :
+         {std::wstring(isFrench() ? L"30 002" : L"30,002"), own(L"30002*0"), own(L"30001*6"), own(L"30002*4"),
+          std::wstring(L"3,0002E4").replace(1, 1, isFrench() ? L"," : L".")})
+        expectResult(keyOf(bank), short16(25), narrow(bank));
+    // Halves go to the even number.
+    expectResult(keyOf(own(L"30002*5")), short16(25));
+    expectResult(keyOf(own(L"30001*5")), short16(25));
+    // 3.4 is 3, with 00550 and 00001578419 behind it. 300550 mod 97 is 44; 44000015 mod 97 is 39; 3978419 mod
+    // 97 is 61; (97 - 61) x 100 mod 97 is 11.
+    expectResult(keyOf(own(L"3*4")), short16(11));
+    // Beyond 32 bits only by the user's settings.
+    expectError(keyOf(isFrench() ? L"3 000 000 000" : L"3,000,000,000"), 6);
+    expectError(keyOf(L"1E300"), 6);
+    // The branch is the number that it begins with: 5, whatever stands behind.
+    const auto branchOf = [this](const wchar_t* branch) {
+        return call(L"RIBClé", {text(L"0"), text(branch), text(L"0")});
+    };
+    const auto whole = branchOf(L"5");
+    expectResult(branchOf(isFrench() ? L"5,7" : L"5,000"), whole.result);
+}
+
+TEST_F(Numérique, accountsOfAnyLengthEndNoHost) {
+    struct Row {
+        std::wstring account;
+        int key;
+    };
+    const Row rows[] = {
+        // The first 6 digits and the last 5 count: 100000 and 00000. 10^5 times 10^5 is 10^10, and 10^10 mod
+        // 97 is 49;
+        // (97 - 49) x 100 mod 97 is 47.
+        {L"1" + std::wstring(255, L'0'), 47},
+        {L"1" + std::wstring(256, L'0'), 47},
+        {L"1" + std::wstring(299, L'0'), 47},
+        {L"A" + std::wstring(99'999, L'0'), 47},
+        // Zeros in front of a number do not count.
+        {std::wstring(299, L'0') + L"1", 94},
+        {std::wstring(100'000, L'0') + L"1", 94},
+        {L"  " + std::wstring(300, L'0') + L"1 ", 94},
+        // 111111 and 11111: 111111 mod 97 is 46, 4611111 mod 97 is 22, (97 - 22) x 100 mod 97 is 31.
+        {std::wstring(300, L'1'), 31},
+        {std::wstring(1'000'000, L'J'), 31},
+    };
+    for (const Row& row : rows)
+        expectResult(call(L"RIBClé", {text(L"0"), text(L"0"), text(row.account)}), short16(row.key),
+                     std::to_string(row.account.size()));
+    // With more than digits in it a text of more than 256 characters stays as it is: "-00000" and "00001"
+    // count.
+    expectResult(call(L"RIBClé", {text(L"0"), text(L"0"), text(L"-" + std::wstring(300, L'0') + L"1")}),
+                 short16(94));
+    expectResult(call(L"RIBControle", {text(L"0"), text(L"0"), text(std::wstring(300, L'1')), text(L"31")}),
+                 true);
+    expectResult(call(L"RIBControle", {text(L"0"), text(L"0"), text(std::wstring(300, L'1')), text(L"32")}),
+                 false);
+}
+
 TEST_F(Numérique, codesThatAreNoNumbersAreToldToTheUser) {
     struct Row {
         const wchar_t *bank, *branch, *message;

@@ -100,17 +100,20 @@ TEST_F(Settings, typedAmountsGetTheUsersSign) {
     expectError(amount(L"NumFrmtSys", {text(L"1.2.3")}), 13);
 }
 
-// The rule takes the leading number of a code, and the system decides whether the code is a number. Both
-// codes begin with the number 30.
+// The system decides what number a bank's code is.
 TEST_F(Settings, codesAreNumbersByTheUsersSettings) {
     const auto keyOf = [this](const wchar_t* bank) {
         return amount(L"RIBClé", {text(bank), text(L"00550"), text(L"0000157841Z")});
     };
     for (const auto* bank : {L"30'002", L"30\u066B7"}) expectResult(keyOf(bank), key(0), narrow(bank));
     const ChangedSetting decimal(LOCALE_SDECIMAL, L"\u066B"), grouping(LOCALE_STHOUSAND, L"'");
+    expectResult(keyOf(L"30'002"), key(25));
     // 30, then 00550 and 00001578419, modulo 97, leave 86; (97 - 86) x 100 modulo 97 is 33.
-    for (const auto* bank : {L"30'002", L"30\u066B7", L"30"})
-        expectResult(keyOf(bank), key(33), narrow(bank));
+    expectResult(keyOf(L"30"), key(33));
+    expectResult(keyOf(L"30\u066B4"), key(33));
+    // 31, then the same: 3100550 mod 97 is 42, 42000015 mod 97 is 82, 8278419 mod 97 is 51; (97 - 51) x 100
+    // modulo 97 is 41.
+    expectResult(keyOf(L"30\u066B7"), key(41));
     // The sign of money counts as well.
     const ChangedSetting moneys(LOCALE_SMONDECIMALSEP, L"\u066B");
     expectResult(keyOf(L"30.7"), key(0));

@@ -483,6 +483,38 @@ TEST_F(IniFile, longValuesAreCut) {
     }
 }
 
+TEST_F(IniFile, namesAndValuesHaveUpTo32766Characters) {
+    constexpr std::size_t most = 32'766;
+    const std::wstring longest(most, L'x');
+    expectResult(write(longest.c_str(), longest.c_str(), longest), long32(1));
+    EXPECT_EQ(std::wstring(1025, L'x'), read(longest.c_str(), longest.c_str()));
+    EXPECT_EQ(std::wstring(1025, L'x'), read(L"s", L"absente", longest));
+    // Past that nothing is written, and nothing else is changed: not the section, the key or the value that a
+    // shorter text names, which is what is left when lengths are counted in 16 bits.
+    expectResult(write(L"s", L"a", L"stays"), long32(1));
+    expectResult(write(L"a", L"a", L"stays"), long32(1));
+    for (const std::size_t length :
+         {most + 1, most + 2, std::size_t{65'535}, std::size_t{65'537}, std::size_t{100'000}}) {
+        const std::wstring tooMany(length, L'a');
+        const auto where = std::to_string(length);
+        expectResult(write(tooMany.c_str(), L"a", L"v"), long32(0), where);
+        expectResult(write(L"s", tooMany.c_str(), L"v"), long32(0), where);
+        expectResult(write(L"s", L"a", tooMany), long32(0), where);
+        expectResult(write(tooMany.c_str(), L"", L""), long32(0), where);
+        expectResult(write(L"s", tooMany.c_str(), L""), long32(0), where);
+        EXPECT_EQ(L"stays", read(L"s", L"a")) << where;
+        EXPECT_EQ(L"stays", read(L"a", L"a")) << where;
+        EXPECT_EQ(L"d", read(tooMany.c_str(), L"a", L"d")) << where;
+        EXPECT_EQ(L"d", read(L"s", tooMany.c_str(), L"d")) << where;
+        EXPECT_EQ(std::wstring(1025, L'a'), read(L"s", L"absente", tooMany)) << where;
+        EXPECT_EQ(std::wstring(1025, L'a'), read(L"s", tooMany.c_str(), tooMany)) << where;
+    }
+    // What deletes has no value that could be too long.
+    expectResult(write(L"s", L";a", std::wstring(most + 1, L'a')), long32(1));
+    expectResult(write(L"s", L"", std::wstring(most + 1, L'a')), long32(1));
+    EXPECT_EQ(L"d", read(L"s", L"a", L"d"));
+}
+
 TEST_F(IniFile, filesThatCannotBeHaveNoValue) {
     for (const auto& path : {temporary.path(L"rien\\f.ini"), std::wstring(L"Q:\\f.ini"), tooLong(),
                              temporary.path(L"f|<>?.ini")}) {

@@ -251,13 +251,16 @@ inline Comparison bankKey(Arguments& arguments) {
     const Text bank = code(L"0123456789", 5), branch = code(L"0123456789", 5);
     const Text account = code(L"0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ", 11);
     const Text odd = arguments.farText(L"0159+-.,eED \t/xZ", 15, L'9');
-    const auto ignored = outcomeOf(
-        [&] { return std::to_wstring(bankRemainder(odd, odd, accountDigits(odd)) + bankKeyFits(1, odd)); });
+    const auto ignored = outcomeOf([&] {
+        return std::to_wstring(bankRemainder(leadingNumber(odd), odd, accountDigits(odd)) +
+                               bankKeyFits(1, odd));
+    });
     if (ignored.error() != 0 && ignored.error() != 6) return {false, 0, call("bankRemainder", odd)};
-    return compared(call("bankRemainder", bank, branch, account), outcomeOf([&] {
-                        return std::to_wstring(bankRemainder(bank, branch, accountDigits(account)));
-                    }),
-                    outcomeOf([&] { return std::to_wstring(naive::bankRemainder(bank, branch, account)); }));
+    return compared(
+        call("bankRemainder", bank, branch, account), outcomeOf([&] {
+            return std::to_wstring(bankRemainder(leadingNumber(bank), branch, accountDigits(account)));
+        }),
+        outcomeOf([&] { return std::to_wstring(naive::bankRemainder(bank, branch, account)); }));
 }
 
 inline Comparison dateOrder(Arguments& arguments) {

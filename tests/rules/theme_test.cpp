@@ -25,22 +25,22 @@ TEST(Theme, ColoursOfForms) {
     EXPECT_EQ(kept, formColour(unapplied, other, L""));
 }
 
-TEST(Theme, ColoursOfControls) {
-    EXPECT_EQ(Colour(back), controlColour(applied, marked, L"", false));
-    EXPECT_EQ(Colour(buttonFace), controlColour(unapplied, marked, L"", false));
-    EXPECT_EQ(kept, controlColour(applied, other, L"", false));
-    EXPECT_EQ(kept, controlColour(applied, marked, L"x**C**", false));
-    EXPECT_EQ(kept, controlColour(applied, marked, L"", true));
-    EXPECT_EQ(kept, controlColour(applied, marked, L"**SmartTab**", true));
-    for (const Theme& theme : {applied, unapplied}) {
-        for (const auto present : {marked, other}) {
-            EXPECT_EQ(Colour(tab), controlColour(theme, present, L"**SmartTab**", false));
-            EXPECT_EQ(kept, controlColour(theme, present, L"**SmartTab****C**", false));
-        }
-        EXPECT_EQ(kept, controlColour(theme, other, L" **SmartTab**", false));
-        EXPECT_EQ(kept, controlColour(theme, other, L"**SMARTTAB**", false));
-    }
-    EXPECT_EQ(Colour(back), controlColour(applied, marked, L"**SmartTab** ", false));
+TEST(Theme, WhatDecidesOnTheColourOfAControl) {
+    EXPECT_EQ(Colouring::themed, colouringOf(L"", false));
+    EXPECT_EQ(Colouring::none, colouringOf(L"", true));
+    EXPECT_EQ(Colouring::none, colouringOf(L"x**C**", false));
+    EXPECT_EQ(Colouring::tab, colouringOf(L"**SmartTab**", false));
+    EXPECT_EQ(Colouring::none, colouringOf(L"**SmartTab**", true));
+    EXPECT_EQ(Colouring::none, colouringOf(L"**SmartTab****C**", false));
+    for (const auto* tag : {L" **SmartTab**", L"**SmartTab** ", L"**SMARTTAB**", L"**c**"})
+        EXPECT_EQ(Colouring::themed, colouringOf(tag, false));
+}
+
+TEST(Theme, ColoursOfThemedControls) {
+    EXPECT_EQ(Colour(back), themedColour(applied, marked));
+    EXPECT_EQ(Colour(buttonFace), themedColour(unapplied, marked));
+    EXPECT_EQ(kept, themedColour(applied, other));
+    EXPECT_EQ(kept, themedColour(unapplied, other));
 }
 
 TEST(Theme, WidthsThatStay) {

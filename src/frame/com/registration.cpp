@@ -1,7 +1,9 @@
 #include "frame/com/registration.h"
 
 #include <new>
+#include <vector>
 
+#include "frame/com/registry_tree.h"
 #include "frame/values/unique_handle.h"
 
 namespace vorla::registration {
@@ -12,19 +14,6 @@ Text asText(REFGUID id) {
     StringFromGUID2(id, text, 39);
     return text;
 }
-
-// A failed registry call; it becomes the answer at the border of this file.
-class Failure {
-public:
-    explicit Failure(HRESULT failure) : code(failure) {}
-    HRESULT code;
-};
-
-void checkCall(HRESULT answer) {
-    if (FAILED(answer)) throw Failure(answer);
-}
-
-void checkRegistry(LSTATUS answer) { checkCall(HRESULT_FROM_WIN32(static_cast<DWORD>(answer))); }
 
 // Writes values of one key of HKEY_CLASSES_ROOT.
 class Key {
@@ -68,28 +57,12 @@ void writeClass(const Publication& publication, const Text& server) {
     Key(name + L"\\CLSID").write(nullptr, asText(publication.classId()));
 }
 
-bool exists(const Text& path) {
-    RegistryKey key;
-    return RegOpenKeyExW(HKEY_CLASSES_ROOT, path.c_str(), 0, KEY_READ, key.put()) == ERROR_SUCCESS;
-}
-
-// The key with everything below it.
-void removeTree(const Text& path) {
-    RegistryKey key;
-    if (RegOpenKeyExW(HKEY_CLASSES_ROOT, path.c_str(), 0, KEY_READ | KEY_WRITE, key.put()) != ERROR_SUCCESS)
-        return;
-    wchar_t name[256];
-    for (DWORD length = 256;
-         RegEnumKeyExW(key.get(), 0, name, &length, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
-         length = 256)
-        removeTree(path + L"\\" + name);
-    checkRegistry(RegDeleteKeyW(HKEY_CLASSES_ROOT, path.c_str()));
-}
+bool exists(const Text& path) { return static_cast<bool>(openedIfThere(path, KEY_READ)); }
 
 // The key, unless something is left below it.
 void removeIfBare(const Text& path) {
-    RegistryKey key;
-    if (RegOpenKeyExW(HKEY_CLASSES_ROOT, path.c_str(), 0, KEY_READ, key.put()) != ERROR_SUCCESS) return;
+    const auto key = openedIfThere(path, KEY_READ);
+    if (!key) return;
     DWORD subkeys = 0;
     checkRegistry(RegQueryInfoKeyW(key.get(), nullptr, nullptr, nullptr, &subkeys, nullptr, nullptr, nullptr,
                                    nullptr, nullptr, nullptr, nullptr));
@@ -119,15 +92,11 @@ bool isSharedWithTwin(const Library& library) {
     return exists(typeLibraryVersionKey(library) + L"\\0\\" + otherSystem);
 }
 
-void removeTypeLibrary(const Library& library, std::span<const Publication* const> classes) {
-    // Does what it can; what it leaves, on this system or another, is removed below.
-    UnRegisterTypeLib(library.id, library.majorVersion, library.minorVersion, 0, thisSystem);
-    removeTree(typeLibraryVersionKey(library));
-    removeIfBare(typeLibraryKey(library));
-    for (const Publication* publication : classes)
-        removeTree(L"Interface\\" + asText(publication->interfaceId()));
+Text interfaceKey(const Publication& publication) {
+    return L"Interface\\" + asText(publication.interfaceId());
 }
 
+// The failure's code, S_OK when there was none.
 template <class Work>
 HRESULT guarded(Work&& work) noexcept {
     try {
@@ -142,28 +111,75 @@ HRESULT guarded(Work&& work) noexcept {
     }
 }
 
+// Removals, each tried whatever became of those before; the first failure is the answer.
+class Removal {
+public:
+    template <class Work>
+    void operator()(Work&& work) noexcept {
+        const auto answer = guarded(work);
+        if (SUCCEEDED(answer_)) answer_ = answer;
+    }
+    HRESULT answer() const { return answer_; }
+
+private:
+    HRESULT answer_ = S_OK;
+};
+
+void removeTypeLibrary(const Library& library, std::span<const Publication* const> classes, Removal& remove) {
+    // Does what it can; what it leaves, on this system or another, is removed below.
+    UnRegisterTypeLib(library.id, library.majorVersion, library.minorVersion, 0, thisSystem);
+    remove([&] { removeTree(typeLibraryVersionKey(library)); });
+    remove([&] { removeIfBare(typeLibraryKey(library)); });
+    for (const Publication* publication : classes) remove([&] { removeTree(interfaceKey(*publication)); });
+}
+
+// Every key that a registration writes to.
+std::vector<TreeCopy> copiesOf(const Library& library, std::span<const Publication* const> classes) {
+    std::vector<TreeCopy> copies;
+    for (const Publication* publication : classes) {
+        copies.emplace_back(keyOf(*publication));
+        copies.emplace_back(programId(*publication));
+        copies.emplace_back(interfaceKey(*publication));
+    }
+    copies.emplace_back(typeLibraryKey(library));
+    return copies;
+}
+
 }  // namespace
 
 HRESULT add(const Library& library, std::span<const Publication* const> classes,
             const Text& server) noexcept {
+    std::vector<TreeCopy> before;
+    bool wasThere = false;
+    const auto copied = guarded([&] {
+        before = copiesOf(library, classes);
+        wasThere = exists(typeLibraryVersionKey(library));
+    });
+    if (FAILED(copied)) return copied;
     const auto answer = guarded([&] {
         writeTypeLibrary(server);
         for (const Publication* publication : classes) writeClass(*publication, server);
     });
-    if (FAILED(answer)) remove(library, classes);
+    if (SUCCEEDED(answer)) return answer;
+    // Where 64-bit systems keep interfaces for 32-bit hosts too, only the system knows of both.
+    if (!wasThere) UnRegisterTypeLib(library.id, library.majorVersion, library.minorVersion, 0, thisSystem);
+    for (const TreeCopy& copy : before) copy.restore();
     return answer;
 }
 
 HRESULT remove(const Library& library, std::span<const Publication* const> classes) noexcept {
-    return guarded([&] {
-        for (const Publication* publication : classes) removeTree(keyOf(*publication));
-        if (isSharedWithTwin(library)) {
-            removeTree(typeLibraryVersionKey(library) + L"\\0\\" + ownSystem);
-            return;
-        }
-        for (const Publication* publication : classes) removeTree(programId(*publication));
-        removeTypeLibrary(library, classes);
-    });
+    Removal remove;
+    for (const Publication* publication : classes) remove([&] { removeTree(keyOf(*publication)); });
+    // What cannot be told is left to the twin.
+    bool shared = true;
+    remove([&] { shared = isSharedWithTwin(library); });
+    if (shared) {
+        remove([&] { removeTree(typeLibraryVersionKey(library) + L"\\0\\" + ownSystem); });
+        return remove.answer();
+    }
+    for (const Publication* publication : classes) remove([&] { removeTree(programId(*publication)); });
+    removeTypeLibrary(library, classes, remove);
+    return remove.answer();
 }
 
 }  // namespace vorla::registration

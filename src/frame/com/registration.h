@@ -10,10 +10,11 @@
 namespace vorla::registration {
 
 /// Registers the type library in the file `server`, with its interfaces, and every class. A failure
-/// leaves nothing registered.
+/// leaves the registry as it was, with an earlier registration if there was one.
 HRESULT add(const Library& library, std::span<const Publication* const> classes, const Text& server) noexcept;
 
-/// Removes everything that `add` wrote; what is not there is no failure.
+/// Removes everything that `add` wrote; what is not there is no failure. Continues after a key that cannot be
+/// removed; the first such failure is the answer.
 HRESULT remove(const Library& library, std::span<const Publication* const> classes) noexcept;
 
 }  // namespace vorla::registration

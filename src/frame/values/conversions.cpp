@@ -4,6 +4,7 @@
 #include <new>
 
 #include "frame/values/invocation.h"
+#include "frame/values/leading_number.h"
 #include "frame/values/unique_handle.h"
 
 namespace vorla {
@@ -137,12 +138,41 @@ double numberOf(TextView numeric) {
     return value;
 }
 
+// Outside of these a double's own text has an exponent, which the formats of some systems repeat.
+constexpr double firstDigits = 1e-4, firstExponent = 1e15;
+
+// "-1.25E+17", which some systems write with a point whatever the user's sign is, with that sign.
+Text withUsersSign(TextView number) {
+    Text result(number);
+    const auto point = result.find(L'.');
+    if (point == Text::npos || result.find(L'E') == Text::npos) return result;
+    wchar_t sign[8];
+    if (GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, sign, 8) > 1) result.replace(point, 1, sign);
+    return result;
+}
+
+// A whole number as its digits: "-1.25E+17" is "-125" and fifteen zeros.
+Text withoutExponent(TextView number) {
+    const auto mark = number.find(L'E');
+    if (mark == TextView::npos) return Text(number);
+    Text digits(number.substr(0, mark));
+    auto zeros = static_cast<std::size_t>(leadingNumber(number.substr(mark + 1)));
+    if (const auto point = digits.find(L'.'); point != Text::npos) {
+        digits.erase(point, 1);
+        zeros -= digits.size() - point;
+    }
+    return digits.append(zeros, L'0');
+}
+
 }  // namespace
 
-bool isNumeric(TextView text) {
-    double value;
-    return SUCCEEDED(parseNumber(text, value));
+std::optional<double> numberIn(TextView text) {
+    double value = 0;
+    if (FAILED(parseNumber(text, value))) return {};
+    return value;
 }
+
+bool isNumeric(TextView text) { return numberIn(text).has_value(); }
 
 Bstr formattedValue(VariantView value, const wchar_t* format) {
     // The function writes to neither, which its declaration does not say.
@@ -152,12 +182,17 @@ Bstr formattedValue(VariantView value, const wchar_t* format) {
     return result;
 }
 
-Bstr roundedNumber(TextView numeric) { return formattedValue(Variant(numberOf(numeric)).view(), L"0"); }
+Text roundedNumber(TextView numeric) {
+    const double number = numberOf(numeric);
+    if (std::abs(number) < firstExponent) return Text(formatted(number, L"0").view());
+    // It is whole, and may have more digits than formats survive.
+    return withoutExponent(numberToInvariantText(Variant(number).view()).view());
+}
 
-Bstr generalNumber(TextView numeric) {
+Text generalNumber(TextView numeric) {
     Bstr result;
     throwIfFailed(VarBstrFromR8(numberOf(numeric), LOCALE_USER_DEFAULT, 0, result.put()));
-    return result;
+    return withUsersSign(result.view());
 }
 
 namespace {
@@ -176,8 +211,6 @@ Variant decimalOf(double number) {
 }  // namespace
 
 Bstr formatted(double number, const wchar_t* format) {
-    // Outside of these a double's own text has an exponent, which the formats of some systems repeat.
-    constexpr double firstDigits = 1e-4, firstExponent = 1e15;
     const double size = std::abs(number);
     const bool hasDigits = number == 0 || (size >= firstDigits && size < firstExponent);
     const Variant value = hasDigits ? Variant(number) : decimalOf(number);

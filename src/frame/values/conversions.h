@@ -2,6 +2,8 @@
 // run-time errors.
 #pragma once
 
+#include <optional>
+
 #include "frame/values/runtime_error.h"
 #include "frame/values/variant.h"
 #include "frame/values/winapi.h"
@@ -70,15 +72,19 @@ Bstr numberToInvariantText(VariantView number);
 /// blanks, a currency sign, parentheses or a trailing minus for a negative one.
 bool isNumeric(TextView text);
 
-/// A value through a number or date format, by the user's locale. A text that is no number under a number
-/// format stays as it is.
+/// The number that a text is by the same rules; none for any other text.
+std::optional<double> numberIn(TextView text);
+
+/// A number or date through a format, by the user's locale. Never a text: of a numeric one some systems write
+/// all digits into a buffer for 256.
 Bstr formattedValue(VariantView value, const wchar_t* format);
 
-/// A numeric text rounded to a whole number, halves away from zero as formats round; "-" and digits.
-Bstr roundedNumber(TextView numeric);
+/// A numeric text rounded to a whole number, halves away from zero as formats round; "-" and digits, never an
+/// exponent. Beyond 15 digits there are zeros.
+Text roundedNumber(TextView numeric);
 
-/// A numeric text in the general form of the user's locale.
-Bstr generalNumber(TextView numeric);
+/// A numeric text in the general form of the user's locale, with an exponent from 10^15 on.
+Text generalNumber(TextView numeric);
 
 /// A number through a format: a pattern or the name of one of the system's formats. Locale: the user's.
 /// Error 6 for what is no number and for a number of more than 28 digits.
