@@ -92,7 +92,7 @@ add_custom_command(
     COMMENT "Writing Vorla6.tlb")
 
 add_library(Vorla6 SHARED
-    src/frame/com/exports.cpp src/frame/com/runtime_locks.cpp src/vorla6.def src/vorla6.rc)
+    src/frame/com/exports.cpp src/frame/com/runtime_parts.cpp src/vorla6.def src/vorla6.rc)
 set_source_files_properties(src/vorla6.rc PROPERTIES OBJECT_DEPENDS ${type_library})
 target_include_directories(Vorla6 PRIVATE ${CMAKE_BINARY_DIR})
 vorla_link(Vorla6 vorla_rules vorla_frame vorla_classes)

@@ -51,7 +51,7 @@ Text programId(const Publication& publication) {
 }
 
 Text versionOf(const Library& library) {
-    return std::to_wstring(library.majorVersion) + L"." + std::to_wstring(library.minorVersion);
+    return inDigits(library.majorVersion) + L"." + inDigits(library.minorVersion);
 }
 
 void writeClass(const Publication& publication, const Text& server) {
