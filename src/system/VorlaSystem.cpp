@@ -28,20 +28,6 @@
 namespace vorla {
 namespace {
 
-struct ProcessKind {
-    using Handle = HANDLE;
-    static Handle invalid() { return nullptr; }
-    static void close(Handle handle) { CloseHandle(handle); }
-};
-using Process = UniqueHandle<ProcessKind>;
-
-struct DesktopKind {
-    using Handle = HDESK;
-    static Handle invalid() { return nullptr; }
-    static void close(Handle handle) { CloseDesktop(handle); }
-};
-using Desktop = UniqueHandle<DesktopKind>;
-
 // What Windows leaves in a buffer of this many characters; empty when the call fails. `fill` gets the buffer
 // and says whether it worked.
 template <std::size_t room, class Fill>
@@ -132,7 +118,7 @@ Text associatedProgram(TextView path, bool message) {
 }
 
 struct Started {
-    Process process;
+    KernelObject process;
     DWORD id;
 
     // A process may end with the code that stands for one that still runs.
@@ -156,7 +142,7 @@ Started start(TextView command, std::int32_t windowStyle) {
                         &made))
         throw RuntimeError(ErrorNumber::fileNotFound);
     CloseHandle(made.hThread);
-    return {Process(made.hProcess), made.dwProcessId};
+    return {KernelObject(made.hProcess), made.dwProcessId};
 }
 
 bool isNumber(VariantView value) {
@@ -265,7 +251,7 @@ bool VorlaSystem::SysShellWait(const Text& sShell, std::int32_t eWindowStyle) {
     return endOnError(false, [&] {
         constexpr DWORD pause = 100;
         const auto started = start(sShell, eWindowStyle);
-        const Process process(OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, started.id));
+        const KernelObject process(OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, started.id));
         if (!process) return false;
         for (DWORD exitCode = 0;;) {
             if (!GetExitCodeProcess(process.get(), &exitCode)) return false;

@@ -35,7 +35,7 @@ protected:
     LangueWindows() { label.put(L"AutoSize", true), label.put(L"Visible", false); }
     ~LangueWindows() override {
         // Nobody keeps what he was given.
-        const HostReference<forms::Form> kept(&form);
+        const ComPointer<forms::Form> kept(&form);
         form.unload();
         kept.get()->AddRef();
         EXPECT_EQ(1u, kept.get()->Release());

@@ -5,7 +5,7 @@
 #include <cstdio>
 
 #include "frame/values/bstr.h"
-#include "frame/values/unique_handle.h"
+#include "frame/values/com_pointer.h"
 
 namespace vorla::test {
 namespace {

@@ -229,7 +229,7 @@ TEST_F(SpecimenTest, oneVariableAsArgumentAndResult) {
     auto argument = byReference(variable);
     DISPPARAMS parameters{argument.put(), nullptr, 1, 0};
     // The old string is the caller's to free once the result has replaced it.
-    const Bstr before(variable.raw().bstrVal);
+    const auto before = Bstr::adopt(variable.raw().bstrVal);
     EXPECT_EQ(S_OK, specimen->Invoke(idOf(specimen.get(), L"Chaîne"), IID_NULL, 0, DISPATCH_METHOD,
                                      &parameters, variable.put(), nullptr, nullptr));
     EXPECT_EQ(L"abc", viewOf(variable.raw().bstrVal));
@@ -251,7 +251,7 @@ TEST_F(SpecimenTest, objectsAndNothing) {
 TEST_F(SpecimenTest, anObjectWhoseLastReferenceWasTakenIsNothing) {
     Variant variable;
     {
-        const Dispatch other(reinterpret_cast<IDispatch*>(publication.create(publication)));
+        const auto other = Dispatch::adopt(reinterpret_cast<IDispatch*>(publication.create(publication)));
         variable = vorla::test::object(other.get());
     }
     EXPECT_EQ(S_OK, call(L"ObjetRef", {byReference(variable)}).code);

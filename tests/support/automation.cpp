@@ -91,8 +91,9 @@ Outcome invoke(IDispatch* object, DISPID id, WORD flags, DISPPARAMS& parameters,
     outcome.code = object->Invoke(id, IID_NULL, locale, flags, &parameters, outcome.result.put(), &exception,
                                   &outcome.badArgument);
     outcome.exceptionCode = exception.scode;
-    const Bstr source(exception.bstrSource), description(exception.bstrDescription),
-        help(exception.bstrHelpFile);
+    const auto source = Bstr::adopt(exception.bstrSource),
+               description = Bstr::adopt(exception.bstrDescription),
+               help = Bstr::adopt(exception.bstrHelpFile);
     outcome.source = source.view();
     outcome.description = description.view();
     return outcome;

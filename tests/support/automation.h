@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "frame/values/com_pointer.h"
 #include "frame/values/runtime_error.h"
-#include "frame/values/unique_handle.h"
 #include "frame/values/variant.h"
 #include "frame/values/winapi.h"
 

@@ -1,7 +1,7 @@
 // Types of which only the name is known, for objects that tell what they are.
 #pragma once
 
-#include "frame/values/unique_handle.h"
+#include "frame/values/com_pointer.h"
 #include "frame/values/winapi.h"
 
 namespace vorla::test {

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "frame/values/unique_handle.h"
+#include "frame/values/com_pointer.h"
 #include "frame/values/variant.h"
 #include "frame/values/winapi.h"
 #include "support/host_call.h"

@@ -5,8 +5,8 @@
 
 #include "frame/com/instance.h"
 #include "frame/contract/identifiers.h"
+#include "frame/values/com_pointer.h"
 #include "frame/values/conversions.h"
-#include "frame/values/unique_handle.h"
 
 namespace vorla::dispatch {
 
@@ -137,7 +137,7 @@ HRESULT callForRecord(Instance* object, const Publication& publication, const Me
     }
     result.vt = VT_RECORD;
     result.pvRecord = made;
-    result.pRecInfo = record.release();
+    result.pRecInfo = record.detach();
     return answer;
 }
 

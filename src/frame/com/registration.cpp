@@ -2,6 +2,7 @@
 
 #include <new>
 
+#include "frame/values/com_pointer.h"
 #include "frame/values/unique_handle.h"
 
 namespace vorla::registration {

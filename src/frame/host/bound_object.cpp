@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "frame/host/member_names.h"
+#include "frame/values/com_pointer.h"
 #include "frame/values/failure.h"
-#include "frame/values/unique_handle.h"
 
 namespace vorla {
 
@@ -27,10 +27,9 @@ HostObject objectIn(VariantView value) {
     if (!value.isObject()) throw RuntimeError(ErrorNumber::objectRequired);
     const auto unknown = value.raw().punkVal;
     if (!unknown) throw RuntimeError(ErrorNumber::objectNotSet);
-    ComPointer<IDispatch> dispatch;
-    if (FAILED(unknown->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(dispatch.put()))))
-        throw RuntimeError(ErrorNumber::propertyOrMethodNotSupported);
-    return HostObject(dispatch.get());
+    auto object = queried<IDispatch>(unknown);
+    if (!object) throw RuntimeError(ErrorNumber::propertyOrMethodNotSupported);
+    return object;
 }
 
 HRESULT BoundObject::findElsewhere(Literal name, DISPID& found) {

@@ -31,7 +31,7 @@ private:
 inline Variant hostArgument(const ByReference& variable) { return variable.argument(); }
 Variant hostArgument(IDispatch* object);
 template <class Interface>
-Variant hostArgument(const HostReference<Interface>& object) {
+Variant hostArgument(const ComPointer<Interface>& object) {
     return hostArgument(static_cast<IDispatch*>(object.get()));
 }
 inline Variant hostArgument(const Variant& value) { return value; }

@@ -1,6 +1,6 @@
 #include "frame/host/error_object.h"
 
-#include "frame/values/unique_handle.h"
+#include "frame/values/com_pointer.h"
 
 namespace vorla {
 
@@ -11,10 +11,8 @@ bool storeError(REFIID interfaceId, TextView source, TextView description, DWORD
     made->SetSource(Text(source).data());
     made->SetDescription(Text(description).data());
     made->SetHelpContext(number);
-    ComPointer<IErrorInfo> information;
-    if (FAILED(made->QueryInterface(IID_IErrorInfo, reinterpret_cast<void**>(information.put()))))
-        return false;
-    return SUCCEEDED(SetErrorInfo(0, information.get()));
+    const auto information = made.query<IErrorInfo>();
+    return information && SUCCEEDED(SetErrorInfo(0, information.get()));
 }
 
 }  // namespace vorla

@@ -3,8 +3,8 @@
 #include <cmath>
 #include <new>
 
+#include "frame/values/com_pointer.h"
 #include "frame/values/invocation.h"
-#include "frame/values/unique_handle.h"
 
 namespace vorla {
 
@@ -67,9 +67,8 @@ constexpr USHORT asHostsJoin = VARIANT_LOCALBOOL;
 
 Variant defaultProperty(VariantView object) {
     if (!object.raw().punkVal) throw RuntimeError(ErrorNumber::objectNotSet);
-    ComPointer<IDispatch> dispatch;
-    if (FAILED(object.raw().punkVal->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(dispatch.put()))))
-        throw RuntimeError(ErrorNumber::propertyOrMethodNotSupported);
+    const auto dispatch = queried<IDispatch>(object.raw().punkVal);
+    if (!dispatch) throw RuntimeError(ErrorNumber::propertyOrMethodNotSupported);
     return invoked(dispatch.get(), DISPID_VALUE, DISPATCH_PROPERTYGET | DISPATCH_METHOD, {});
 }
 
@@ -88,7 +87,7 @@ Bstr written(VariantView value, LCID locale, USHORT flags) {
     if (value.isObject()) return written(defaultProperty(value).view(), locale, flags);
     Variant text;
     throwIfFailed(changeType(*text.put(), value.raw(), locale, flags, VT_BSTR));
-    return Bstr(text.detach().bstrVal);
+    return Bstr::adopt(text.detach().bstrVal);
 }
 
 Text withCase(TextView text, DWORD mapping) {

@@ -27,7 +27,7 @@ inline Variant toHost(const Text& value) { return Variant(TextView(value)); }
 Variant toHost(float value);
 Variant toHost(IDispatch* value);
 template <class Interface>
-Variant toHost(const HostReference<Interface>& value) {
+Variant toHost(const ComPointer<Interface>& value) {
     return toHost(static_cast<IDispatch*>(value.get()));
 }
 
@@ -38,11 +38,9 @@ void* interfaceIn(VariantView value, REFIID id);
 template <class Value>
 struct FromHost;
 template <class Interface>
-struct FromHost<HostReference<Interface>> {
-    static HostReference<Interface> of(VariantView value) {
-        HostReference<Interface> object(static_cast<Interface*>(interfaceIn(value, __uuidof(Interface))));
-        if (object) object.get()->Release();  // the reference that came with the question
-        return object;
+struct FromHost<ComPointer<Interface>> {
+    static ComPointer<Interface> of(VariantView value) {
+        return ComPointer<Interface>::adopt(static_cast<Interface*>(interfaceIn(value, __uuidof(Interface))));
     }
 };
 
