@@ -10,7 +10,6 @@ add_library(vorla_frame OBJECT
     src/frame/com/dispatch.cpp
     src/frame/com/error_texts.cpp
     src/frame/com/instance.cpp
-    src/frame/com/module.cpp
     src/frame/com/publication.cpp
     src/frame/com/registration.cpp
     src/frame/shared/browsing.cpp
@@ -30,6 +29,7 @@ add_library(vorla_frame OBJECT
     src/frame/values/ansi.cpp
     src/frame/values/conversions.cpp
     src/frame/values/invocation.cpp
+    src/frame/values/module.cpp
     src/frame/values/per_thread.cpp
     src/frame/values/variant.cpp)
 # The error object is oleaut32's; the import library of ole32 has it too, but before Windows 8 ole32 has not.

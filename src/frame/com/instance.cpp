@@ -4,7 +4,6 @@
 
 #include "frame/com/dispatch.h"
 #include "frame/com/error_texts.h"
-#include "frame/com/module.h"
 #include "frame/host/error_object.h"
 #include "frame/values/runtime_error.h"
 
@@ -31,11 +30,7 @@ HRESULT describe(const Publication& publication, ErrorNumber number) noexcept {
 }  // namespace
 
 Instance::Instance(const Publication& publication) noexcept
-    : vtable_(publication.vtable), publication_(publication), errorSupport_(this), classDescription_(this) {
-    module::addReference();
-}
-
-Instance::~Instance() { module::release(); }
+    : vtable_(publication.vtable), publication_(publication), errorSupport_(this), classDescription_(this) {}
 
 HRESULT Instance::reportNullPointer() noexcept { return withoutDescription(E_POINTER); }
 

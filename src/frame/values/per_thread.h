@@ -2,6 +2,10 @@
 //
 // A `thread_local` with a destructor would not do: the compiler's runtime keeps the module loaded until every
 // thread that touched it has ended, so that hosts could never unload it.
+//
+// A state holds memory, numbers and texts, and nothing that calls out when it ends: no COM object, window,
+// library, thread or lock of somebody else. It may end while Windows loads and unloads modules, which it does
+// under a lock of its own, so that such a call could wait for ever or reach a module that is gone.
 #pragma once
 
 #include <memory>
