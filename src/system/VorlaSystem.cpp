@@ -63,7 +63,7 @@ void reportShellError(std::int32_t code, bool message) {
     if (message)
         warningBox(text, L"Erreur");
     else
-        storeError(IID_NULL, L"Vorla6.VorlaSystem", text, static_cast<DWORD>(code));
+        storeError(IID_NULL, {L"Vorla6.VorlaSystem", text, {}, static_cast<DWORD>(code)});
 }
 
 // Asks the shell about a file by its name and folder, and reports a failure. A path longer than Windows knows

@@ -96,6 +96,8 @@ Outcome invoke(IDispatch* object, DISPID id, WORD flags, DISPPARAMS& parameters,
                help = Bstr::adopt(exception.bstrHelpFile);
     outcome.source = source.view();
     outcome.description = description.view();
+    outcome.helpFile = help.view();
+    outcome.helpContext = exception.dwHelpContext;
     return outcome;
 }
 

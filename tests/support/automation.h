@@ -25,6 +25,8 @@ struct Outcome {
     HRESULT exceptionCode = 0;
     std::wstring source;
     std::wstring description;
+    std::wstring helpFile;
+    DWORD helpContext = 0;
 };
 
 /// Arguments in the order in which a host writes them, the named ones last.

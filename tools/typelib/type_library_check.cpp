@@ -131,7 +131,7 @@ void checkMember(const Type& type, UINT index, const Publication& publication, s
     UINT count = 0;
     type->GetNames(member.id, raw, parameterLimit + 2, &count);
     std::vector<Bstr> names;
-    for (UINT i = 0; i < count; ++i) names.emplace_back(raw[i]);
+    for (UINT i = 0; i < count; ++i) names.push_back(Bstr::adopt(raw[i]));
     type.require(count != 0 && names[0].view() == member.name, "has a member of another name");
     for (std::size_t i = 0; i < parameters.size(); ++i) {
         checkDefault(type, parameters[i], description->lprgelemdescParam[i].paramdesc);

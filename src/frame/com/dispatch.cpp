@@ -117,6 +117,8 @@ HRESULT explain(HRESULT failure, EXCEPINFO* exception) {
     if (GetErrorInfo(0, information.put()) == S_OK) {
         information->GetSource(&exception->bstrSource);
         information->GetDescription(&exception->bstrDescription);
+        information->GetHelpFile(&exception->bstrHelpFile);
+        information->GetHelpContext(&exception->dwHelpContext);
     }
     return DISP_E_EXCEPTION;
 }

@@ -4,13 +4,14 @@
 
 namespace vorla {
 
-bool storeError(REFIID interfaceId, TextView source, TextView description, DWORD number) {
+bool storeError(REFIID interfaceId, const ErrorDescription& error) {
     ComPointer<ICreateErrorInfo> made;
     if (FAILED(CreateErrorInfo(made.put()))) return false;
     made->SetGUID(interfaceId);
-    made->SetSource(Text(source).data());
-    made->SetDescription(Text(description).data());
-    made->SetHelpContext(number);
+    made->SetSource(Text(error.source).data());
+    made->SetDescription(Text(error.description).data());
+    if (!error.helpFile.empty()) made->SetHelpFile(Text(error.helpFile).data());
+    made->SetHelpContext(error.helpContext);
     const auto information = made.query<IErrorInfo>();
     return information && SUCCEEDED(SetErrorInfo(0, information.get()));
 }

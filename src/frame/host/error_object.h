@@ -6,8 +6,15 @@
 
 namespace vorla {
 
-/// Leaves a description there, in place of an older one. A number that the caller's code does not carry
-/// stands in the help context. Whether the system took it.
-bool storeError(REFIID interfaceId, TextView source, TextView description, DWORD number = 0);
+/// What an error object tells. A number that the caller's code does not carry stands in the help context.
+struct ErrorDescription {
+    TextView source;
+    TextView description;
+    TextView helpFile = {};
+    DWORD helpContext = 0;
+};
+
+/// Leaves a description there, in place of an older one. Whether the system took it.
+bool storeError(REFIID interfaceId, const ErrorDescription& error);
 
 }  // namespace vorla

@@ -1,5 +1,6 @@
 // Failures by the standard run-time numbers that hosts know. A RuntimeError that leaves a member
-// reaches the host as the automation error 0x800A0000 + number.
+// reaches the host as the automation error 0x800A0000 + number. reported_error.h has those that somebody else
+// raised and described.
 #pragma once
 
 #include <cstddef>
@@ -37,6 +38,11 @@ public:
 private:
     ErrorNumber number_;
 };
+
+/// The code under which a run-time error's number reaches hosts: 0x800A0000 + number.
+constexpr std::int32_t codeOf(ErrorNumber number) noexcept {
+    return static_cast<std::int32_t>(0x800A0000u | static_cast<std::uint16_t>(number));
+}
 
 /// A length that a caller gave as a 16-bit integer. Negative: error 5.
 constexpr std::size_t checkedLength(std::int16_t length) {
