@@ -25,13 +25,6 @@ Text indexOf(BoundObject& control) {
 
 Text tagOf(BoundObject& object) { return object.getAs<Text>(L"Tag"); }
 
-// Controls that come from elsewhere give their colours without a sign.
-std::int32_t colourOf(BoundObject& object) {
-    const auto colour = object.get(L"BackColor");
-    if (colour.view().type() == VT_UI4) return static_cast<std::int32_t>(colour.view().raw().ulVal);
-    return converted(colour.view(), VT_I4).raw().lVal;
-}
-
 bool hasTitleBar(BoundObject& form) {
     const auto window = reinterpret_cast<HWND>(INT_PTR{form.getAs<std::int32_t>(L"hwnd")});
     return (GetWindowLongA(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
@@ -78,7 +71,7 @@ void fit(BoundObject& control, BoundObject& label, TextView text) {
     BoundObject container(label.getObject(L"Container"));
     const auto scale = ScaleModeConteneur(control.object());
     const auto scaled = [&](const auto& length, const auto& from) {
-        return converted(container.call(L"ScaleX", length, from, scale).view(), VT_R8).raw().dblVal;
+        return convertedTo<double>(container.call(L"ScaleX", length, from, scale).view());
     };
     const double box = scaled(boxAndGap, twips);
     control.put(L"Width", scaled(label.get(L"Width"), container.get(L"ScaleMode")) + box);
@@ -94,7 +87,8 @@ void loadTitle(BoundObject& form) {
 
 void colourForm(BoundObject& form, const Theme& theme) {
     const auto tag = theme.applies ? tagOf(form) : Text();
-    if (const auto colour = formColour(theme, colourOf(form), tag)) form.put(L"BackColor", *colour);
+    if (const auto colour = formColour(theme, form.getColour(L"BackColor"), tag))
+        form.put(L"BackColor", *colour);
 }
 
 void loadTexts(BoundObject& control, TextView section) {
@@ -119,8 +113,8 @@ void loadControl(BoundObject& control, BoundObject& label, TextView section, con
     }
     if (!wanted.colours) return;
     step([&] {
-        const auto colour =
-            controlColour(wanted.theme, colourOf(control), tagOf(control), hasWindowColour(type));
+        const auto colour = controlColour(wanted.theme, control.getColour(L"BackColor"), tagOf(control),
+                                          hasWindowColour(type));
         if (colour) control.put(L"BackColor", *colour);
     });
 }

@@ -92,7 +92,7 @@ bool goesOn(const HostObject& host, TextView message, std::int32_t owner) {
     if (!host) return messageBox(message, style, owner) != IDCANCEL;
     const auto button =
         BoundObject(host).call(L"Action", owner, message, style, app::title(), app::helpFile());
-    return converted(button.view(), VT_I4).raw().lVal != IDCANCEL;
+    return convertedTo<std::int32_t>(button.view()) != IDCANCEL;
 }
 
 // The default property of an object, any other value itself.
@@ -102,7 +102,7 @@ Date dateIn(const Variant& value) {
     // Numbers are no dates, though dates are numbers.
     const auto type = value.raw().vt;
     if (type != VT_DATE && type != VT_BSTR) throw RuntimeError(ErrorNumber::typeMismatch);
-    return {converted(value.view(), VT_DATE).raw().date};
+    return convertedTo<Date>(value.view());
 }
 
 }  // namespace

@@ -170,7 +170,7 @@ bool isNumber(VariantView value) {
 
 // The handle that a host means by a number or a form; 0 for anything else.
 std::int32_t handleOf(VariantView window) {
-    if (isNumber(window)) return converted(window, VT_I4).raw().lVal;
+    if (isNumber(window)) return convertedTo<std::int32_t>(window);
     if (!window.isObject() || !window.raw().punkVal) return 0;
     const auto form = objectIn(window);
     return isHostForm(form) ? BoundObject(form).getAs<std::int32_t>(L"hwnd") : 0;

@@ -43,7 +43,7 @@ Variant VorlaNumérique::NumFrmtSys(VariantView Montant, bool ZéroSignificatif)
     // An amount comes back in the type it came in; of any other type the text does.
     Variant result = isAmountType(Montant.type()) ? converted(amount.view(), Montant.type()) : amount;
     // Whoever keeps zeros learns of what is no amount as well.
-    const bool isZero = converted(amount.view(), VT_CY).raw().cyVal.int64 == 0;
+    const bool isZero = convertedTo<Currency>(amount.view()).scaled == 0;
     if (isZero && !ZéroSignificatif) return TextView();
     return result;
 }

@@ -198,6 +198,73 @@ TEST(BoundObject, valuesOfAnotherTypeAreConverted) {
     EXPECT_EQ(13, errorOf([&] { bound.getAs<std::int32_t>(L"Mot"); }));
 }
 
+TEST(BoundObject, valuesAsTheTypeThatIsAskedFor) {
+    ScriptedObject control;
+    control.property(L"Nombre", 2.5)
+        .property(L"Grand", std::int32_t{300})
+        .property(L"Moins", std::int16_t{-1})
+        .property(L"Mot", text(L"abc"));
+    BoundObject bound{HostObject(&control)};
+    EXPECT_EQ(2, bound.getAs<std::uint8_t>(L"Nombre"));
+    EXPECT_EQ(2.5f, bound.getAs<float>(L"Nombre"));
+    EXPECT_EQ(25'000, bound.getAs<Currency>(L"Nombre").scaled);
+    EXPECT_EQ(2.5, bound.getAs<Date>(L"Nombre").days);
+    EXPECT_EQ(6, errorOf([&] { bound.getAs<std::uint8_t>(L"Grand"); }));
+    EXPECT_EQ(6, errorOf([&] { bound.getAs<std::uint8_t>(L"Moins"); }));
+    EXPECT_EQ(13, errorOf([&] { bound.getAs<float>(L"Mot"); }));
+    EXPECT_EQ(13, errorOf([&] { bound.getAs<Currency>(L"Mot"); }));
+    EXPECT_EQ(13, errorOf([&] { bound.getAs<Date>(L"Mot"); }));
+    bound.put(L"Nombre", 0.5f);
+    EXPECT_EQ("vt 4 0.5", describe(control.value(L"Nombre").raw()));
+    bound.put(L"Nombre", std::uint8_t{200});
+    EXPECT_EQ("vt 17 200", describe(control.value(L"Nombre").raw()));
+}
+
+Variant unsigned32(std::uint32_t value) {
+    Variant result;
+    result.put()->vt = VT_UI4;
+    result.put()->ulVal = value;
+    return result;
+}
+
+TEST(BoundObject, coloursAreTheir32BitsWithASignOrWithout) {
+    struct Row {
+        Variant value;
+        std::int32_t colour;
+    };
+    constexpr std::int32_t face = INT32_MIN + 15;  // &H8000000F
+    const Row rows[] = {
+        {std::int32_t{255}, 255},
+        {std::int16_t{-1}, -1},
+        {face, face},
+        {unsigned32(0x8000000F), face},
+        {unsigned32(0xFFFFFFFF), -1},
+        {2147483663.0, face},
+        {-2147483633.0, face},
+        {4294967295.0, -1},
+        {-2147483648.0, INT32_MIN},
+        {2147483647.0, INT32_MAX},
+        {Currency{2147483663'0000}, face},
+        {16777215.5, 16777216},  // halves to even
+        {text(L"12"), 12},
+    };
+    ScriptedObject control;
+    control.property(L"BackColor");
+    BoundObject bound{HostObject(&control)};
+    for (const Row& row : rows) {
+        control.value(L"BackColor") = row.value;
+        EXPECT_EQ(row.colour, bound.getColour(L"BackColor")) << describe(row.value.raw());
+    }
+    for (const double beyond : {4294967296.0, -2147483649.0, 1e300}) {
+        control.value(L"BackColor") = beyond;
+        EXPECT_EQ(6, errorOf([&] { bound.getColour(L"BackColor"); })) << beyond;
+    }
+    control.value(L"BackColor") = text(L"rouge");
+    EXPECT_EQ(13, errorOf([&] { bound.getColour(L"BackColor"); }));
+    control.value(L"BackColor") = nullValue();
+    EXPECT_EQ(94, errorOf([&] { bound.getColour(L"BackColor"); }));
+}
+
 TEST(BoundObject, failuresKeepTheHostsNumber) {
     struct Row {
         HRESULT code;

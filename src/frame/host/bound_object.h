@@ -41,9 +41,10 @@ Variant hostArgument(const Characters& text) {
     return Variant(TextView(text));
 }
 template <class Scalar>
-requires(std::same_as<Scalar, bool> || std::same_as<Scalar, std::int16_t> ||
-         std::same_as<Scalar, std::int32_t> || std::same_as<Scalar, double> ||
-         std::same_as<Scalar, Currency> || std::same_as<Scalar, Date>) Variant hostArgument(Scalar value) {
+requires(std::same_as<Scalar, bool> || std::same_as<Scalar, std::uint8_t> ||
+         std::same_as<Scalar, std::int16_t> || std::same_as<Scalar, std::int32_t> ||
+         std::same_as<Scalar, float> || std::same_as<Scalar, double> || std::same_as<Scalar, Currency> ||
+         std::same_as<Scalar, Date>) Variant hostArgument(Scalar value) {
     return Variant(value);
 }
 template <class Enumeration>
@@ -81,23 +82,14 @@ public:
         return read(id(name), indices...);
     }
 
-    /// A property's value as a 32-bit or 16-bit integer, a double, a boolean, or text.
+    /// A property's value as a C++ value, by convertedTo().
     template <class Value, class... Indices>
     Value getAs(Literal name, const Indices&... indices) {
-        const auto value = get(name, indices...);
-        if constexpr (std::same_as<Value, std::int32_t>) {
-            return converted(value.view(), VT_I4).raw().lVal;
-        } else if constexpr (std::same_as<Value, std::int16_t>) {
-            return converted(value.view(), VT_I2).raw().iVal;
-        } else if constexpr (std::same_as<Value, double>) {
-            return converted(value.view(), VT_R8).raw().dblVal;
-        } else if constexpr (std::same_as<Value, bool>) {
-            return converted(value.view(), VT_BOOL).raw().boolVal != VARIANT_FALSE;
-        } else {
-            static_assert(std::same_as<Value, Text>, "read it with get() and convert it");
-            return Text(ValueText(value.view()).view());
-        }
+        return convertedTo<Value>(get(name, indices...).view());
     }
+
+    /// A property's value as a colour, by colourIn().
+    std::int32_t getColour(Literal name) { return colourIn(get(name).view()); }
 
     /// An object that a property refers to. Errors: 91 for Nothing, 424 for what is no object.
     template <class... Indices>

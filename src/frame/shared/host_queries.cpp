@@ -46,7 +46,7 @@ HostObject ObjetConteneur(const HostObject& Ctl) {
         // Nobody uses the scale mode, but hosts rely on a container without one being no answer. It was once
         // compared with a number, so one that cannot be compared is no answer either.
         const auto mode = BoundObject(container).get(L"ScaleMode");
-        if (!mode.view().isNull()) converted(mode.view(), VT_R8);
+        if (!mode.view().isNull()) convertedTo<double>(mode.view());
         return container;
     });
 }

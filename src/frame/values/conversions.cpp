@@ -101,6 +101,50 @@ Text withCase(TextView text, DWORD mapping) {
 
 }  // namespace
 
+template <>
+bool convertedTo(VariantView value) {
+    return converted(value, VT_BOOL).raw().boolVal != VARIANT_FALSE;
+}
+template <>
+std::uint8_t convertedTo(VariantView value) {
+    return converted(value, VT_UI1).raw().bVal;
+}
+template <>
+std::int16_t convertedTo(VariantView value) {
+    return converted(value, VT_I2).raw().iVal;
+}
+template <>
+std::int32_t convertedTo(VariantView value) {
+    return converted(value, VT_I4).raw().lVal;
+}
+template <>
+float convertedTo(VariantView value) {
+    return converted(value, VT_R4).raw().fltVal;
+}
+template <>
+double convertedTo(VariantView value) {
+    return converted(value, VT_R8).raw().dblVal;
+}
+template <>
+Currency convertedTo(VariantView value) {
+    return {converted(value, VT_CY).raw().cyVal.int64};
+}
+template <>
+Date convertedTo(VariantView value) {
+    return {converted(value, VT_DATE).raw().date};
+}
+template <>
+Text convertedTo(VariantView value) {
+    return Text(ValueText(value).view());
+}
+
+std::int32_t colourIn(VariantView value) {
+    // A double holds every number of 32 bits, with a sign or without.
+    const double number = std::nearbyint(convertedTo<double>(value));
+    if (!(number >= INT32_MIN && number <= UINT32_MAX)) throw RuntimeError(ErrorNumber::overflow);
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(static_cast<std::int64_t>(number)));
+}
+
 TextView ValueText::write(const VariantView& value) {
     written_ = written(value, LOCALE_USER_DEFAULT, asHostsJoin);
     return written_.view();

@@ -40,6 +40,33 @@ Variant defaultProperty(VariantView object);
 /// converted, 6 for what does not fit.
 Variant converted(VariantView value, VARTYPE type);
 
+/// The same as a C++ value: a boolean, an integer of 8 bits without a sign or of 16 or 32 bits with one, a
+/// float, a double, a Currency, a Date, or a Text.
+template <class Value>
+Value convertedTo(VariantView value) = delete;
+template <>
+bool convertedTo(VariantView value);
+template <>
+std::uint8_t convertedTo(VariantView value);
+template <>
+std::int16_t convertedTo(VariantView value);
+template <>
+std::int32_t convertedTo(VariantView value);
+template <>
+float convertedTo(VariantView value);
+template <>
+double convertedTo(VariantView value);
+template <>
+Currency convertedTo(VariantView value);
+template <>
+Date convertedTo(VariantView value);
+template <>
+Text convertedTo(VariantView value);
+
+/// A colour of the host as the 32 bits that it is, whether the host counts it with a sign or without:
+/// 0x8000000F and -2147483633 are the same one. Errors: 6 for what has more bits, and as converted().
+std::int32_t colourIn(VariantView value);
+
 /// A value as text, for as long as the value and this object live: a string is viewed where it lies,
 /// anything else is written out once. Locale: the user's, for numbers, dates and booleans alike.
 /// Errors: 94 for Null, 13 for what has no text, 91 for Nothing, 438 for an object without a default

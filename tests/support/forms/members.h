@@ -17,14 +17,12 @@ namespace vorla::forms {
 class Object;
 using test::HostCall;
 
-/// A property's C++ value as the caller sees it: a float is a single, everything else what Variant makes of
-/// it.
+/// A property's C++ value as the caller sees it.
 template <class Value>
 Variant toHost(const Value& value) {
     return Variant(value);
 }
 inline Variant toHost(const Text& value) { return Variant(TextView(value)); }
-Variant toHost(float value);
 Variant toHost(IDispatch* value);
 template <class Interface>
 Variant toHost(const ComPointer<Interface>& value) {
@@ -47,16 +45,8 @@ struct FromHost<ComPointer<Interface>> {
 /// What the caller gives, as the property's C++ type. Errors as conversions: 13, 94, 6.
 template <class Value>
 Value fromHost(VariantView value) {
-    if constexpr (std::same_as<Value, bool>) {
-        return converted(value, VT_BOOL).raw().boolVal != VARIANT_FALSE;
-    } else if constexpr (std::same_as<Value, std::int16_t>) {
-        return converted(value, VT_I2).raw().iVal;
-    } else if constexpr (std::same_as<Value, std::int32_t>) {
-        return converted(value, VT_I4).raw().lVal;
-    } else if constexpr (std::same_as<Value, float>) {
-        return converted(value, VT_R4).raw().fltVal;
-    } else if constexpr (std::same_as<Value, Text>) {
-        return Text(ValueText(value).view());
+    if constexpr (requires { convertedTo<Value>(value); }) {
+        return convertedTo<Value>(value);
     } else {
         return FromHost<Value>::of(value);
     }
