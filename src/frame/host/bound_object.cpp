@@ -32,6 +32,32 @@ HostObject objectIn(VariantView value) {
     return object;
 }
 
+Variant BoundObject::run(DISPID member, WORD kind, std::span<Variant> reversed) {
+    const bool writes = (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
+    DISPID value = DISPID_PROPERTYPUT;
+    const DISPPARAMS parameters{reversed.empty() ? nullptr : reversed.front().put(),
+                                writes ? &value : nullptr, static_cast<UINT>(reversed.size()),
+                                writes ? 1u : 0u};
+    return invoked(object_.get(), member, kind, parameters);
+}
+
+DISPID BoundObject::id(Literal name) {
+    DISPID found = DISPID_UNKNOWN;
+    throwIfFailed(find(name, found));
+    return found;
+}
+
+// In a loop it is always the same pieces of the source that ask.
+HRESULT BoundObject::find(Literal name, DISPID& found) {
+    for (const Name& known : names_) {
+        if (known.name.isSame(name)) {
+            found = known.id;
+            return S_OK;
+        }
+    }
+    return findElsewhere(name, found);
+}
+
 HRESULT BoundObject::findElsewhere(Literal name, DISPID& found) {
     if (!object_) throw RuntimeError(ErrorNumber::objectNotSet);
     const auto known = std::find_if(names_.begin(), names_.end(), [name](const Name& other) {
@@ -53,7 +79,7 @@ bool BoundObject::knows(Literal name) {
 
 bool BoundObject::hasProperty(Literal name) {
     return endOnError(false, [&] {
-        run(id(name), DISPATCH_PROPERTYGET);
+        run(id(name), DISPATCH_PROPERTYGET, {});
         return true;
     });
 }

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <concepts>
+#include <span>
 #include <tuple>
 #include <type_traits>
 #include <utility>
@@ -112,7 +113,8 @@ public:
     /// Calls a method. Its result is Empty when it has none.
     template <class... Arguments>
     Variant call(Literal name, const Arguments&... arguments) {
-        return run(id(name), DISPATCH_METHOD, arguments...);
+        auto given = reversed(arguments...);
+        return run(id(name), DISPATCH_METHOD, given);
     }
 
     /// The default property, of a collection the item.
@@ -131,47 +133,31 @@ private:
         DISPID id;
     };
 
+    // The arguments in Invoke's order, the last first. Each is made where the host reads it: in a long loop a
+    // copy more would show.
     template <class... Arguments>
-    Variant run(DISPID member, WORD kind, const Arguments&... arguments) {
-        return runReversed(member, kind, std::tie(arguments...), std::index_sequence_for<Arguments...>());
-    }
-    // Each argument is made where the host reads it: in a long loop a copy more would show.
-    template <class... Arguments, std::size_t... i>
-    Variant runReversed(DISPID member, WORD kind, const std::tuple<Arguments...>& arguments,
-                        std::index_sequence<i...>) {
-        constexpr auto count = sizeof...(i);
-        const bool writes = (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
-        std::array<Variant, count> reversed{hostArgument(std::get<count - 1 - i>(arguments))...};
-        DISPID value = DISPID_PROPERTYPUT;
-        const DISPPARAMS parameters{count > 0 ? reversed.data()->put() : nullptr, writes ? &value : nullptr,
-                                    UINT{count}, writes ? 1u : 0u};
-        return invoked(object_.get(), member, kind, parameters);
+    static std::array<Variant, sizeof...(Arguments)> reversed(const Arguments&... arguments) {
+        return [&]<std::size_t... i>(std::index_sequence<i...>) {
+            [[maybe_unused]] const auto all = std::tie(arguments...);
+            return std::array<Variant, sizeof...(i)>{hostArgument(std::get<sizeof...(i) - 1 - i>(all))...};
+        }
+        (std::index_sequence_for<Arguments...>());
     }
     template <class... Indices>
     Variant read(DISPID member, const Indices&... indices) {
-        return run(member, DISPATCH_PROPERTYGET | DISPATCH_METHOD, indices...);
+        auto arguments = reversed(indices...);
+        return run(member, DISPATCH_PROPERTYGET | DISPATCH_METHOD, arguments);
     }
     template <class... IndicesAndValue>
     void write(DISPID member, WORD kind, const IndicesAndValue&... indicesAndValue) {
         static_assert(sizeof...(IndicesAndValue) > 0, "a property is given something");
-        run(member, kind, indicesAndValue...);
+        auto arguments = reversed(indicesAndValue...);
+        run(member, kind, arguments);
     }
 
-    DISPID id(Literal name) {
-        DISPID found = DISPID_UNKNOWN;
-        throwIfFailed(find(name, found));
-        return found;
-    }
-    // In a loop it is always the same pieces of the source that ask.
-    HRESULT find(Literal name, DISPID& found) {
-        for (const Name& known : names_) {
-            if (known.name.isSame(name)) {
-                found = known.id;
-                return S_OK;
-            }
-        }
-        return findElsewhere(name, found);
-    }
+    Variant run(DISPID member, WORD kind, std::span<Variant> reversed);
+    DISPID id(Literal name);
+    HRESULT find(Literal name, DISPID& found);
     HRESULT findElsewhere(Literal name, DISPID& found);
 
     HostObject object_;
