@@ -95,9 +95,6 @@ bool goesOn(const HostObject& host, TextView message, std::int32_t owner) {
     return convertedTo<std::int32_t>(button.view()) != IDCANCEL;
 }
 
-// The default property of an object, any other value itself.
-Variant plainValue(VariantView value) { return value.isObject() ? defaultProperty(value) : Variant(value); }
-
 Date dateIn(const Variant& value) {
     // Numbers are no dates, though dates are numbers.
     const auto type = value.raw().vt;

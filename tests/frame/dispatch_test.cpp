@@ -14,6 +14,19 @@ Variant ofType(VARTYPE type, double value) {
     return result;
 }
 
+TEST_F(SpecimenTest, anObjectThatStandsForItselfIsNoArgument) {
+    ScriptedObject itself;
+    itself.property(L"Value").defaultMember(L"Value");
+    itself.value(L"Value") = object(&itself);
+    for (const auto* member : {L"Long", L"Chaîne", L"LongRef", L"Jour"}) {
+        const auto outcome = call(member, {object(&itself)});
+        EXPECT_EQ(DISP_E_MEMBERNOTFOUND, outcome.code) << narrow(member);
+        EXPECT_EQ(0u, outcome.badArgument) << narrow(member);
+    }
+    itself.value(L"Value") = Variant();
+    EXPECT_EQ(0, itself.references());
+}
+
 TEST_F(SpecimenTest, valuesOfEveryTypeGoInAndComeBack) {
     expectResult(call(L"Court", {std::int16_t{-32768}}), std::int16_t{-32768});
     expectResult(call(L"Long", {std::int32_t{2147483647}}), std::int32_t{2147483647});

@@ -1,6 +1,8 @@
 // The host's objects driven by name: what reaches them, what comes back, and how often.
 #include <gtest/gtest.h>
 
+#include <deque>
+
 #include "frame/contract/enumerations.h"
 #include "frame/host/bound_object.h"
 #include "frame/host/globals.h"
@@ -196,6 +198,41 @@ TEST(BoundObject, valuesOfAnotherTypeAreConverted) {
     EXPECT_EQ(32768.0, bound.getAs<double>(L"Grand"));
     EXPECT_EQ(6, errorOf([&] { bound.getAs<std::int16_t>(L"Grand"); }));
     EXPECT_EQ(13, errorOf([&] { bound.getAs<std::int32_t>(L"Mot"); }));
+}
+
+// An object whose default property is the object itself, and one that stands for a number by many others.
+TEST(DefaultProperties, thatLeadNowhereEnd) {
+    ScriptedObject itself;
+    itself.property(L"Value").defaultMember(L"Value");
+    const auto held = object(&itself);
+    itself.value(L"Value") = held;
+    EXPECT_EQ(438, errorOf([&] { converted(held.view(), VT_I4); }));
+    EXPECT_EQ(8u, itself.logged(L"get"));
+    EXPECT_EQ(438, errorOf([&] { convertedTo<Text>(held.view()); }));
+    EXPECT_EQ(438, errorOf([&] { numberToInvariantText(held.view()); }));
+    EXPECT_EQ(24u, itself.logged(L"get"));
+    itself.value(L"Value") = Variant();
+    EXPECT_EQ(1, itself.references());
+}
+
+TEST(DefaultProperties, areAskedThroughEightObjects) {
+    for (const std::size_t count : {1u, 2u, 8u, 9u}) {
+        std::deque<ScriptedObject> chain;
+        Variant first(std::int16_t{7});
+        for (std::size_t i = 0; i < count; ++i) {
+            chain.emplace_back(std::move(first));
+            first = object(&chain.back());
+        }
+        EXPECT_EQ(count > 8 ? 438 : 0, errorOf([&] {
+                      EXPECT_EQ(7, convertedTo<std::int32_t>(first.view()));
+                      EXPECT_EQ(L"7", convertedTo<Text>(first.view()));
+                  }))
+            << count;
+        Variant number;
+        const auto answer = changeType(*number.put(), first.raw(), LOCALE_USER_DEFAULT, 0, VT_I4);
+        EXPECT_EQ(count > 8 ? DISP_E_MEMBERNOTFOUND : S_OK, answer) << count;
+        EXPECT_EQ(count > 8 ? "vt 0 " : "vt 3 7", describe(number.raw())) << count;
+    }
 }
 
 TEST(BoundObject, valuesAsTheTypeThatIsAskedFor) {

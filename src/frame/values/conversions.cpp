@@ -65,6 +65,12 @@ constexpr USHORT asHostsJoin = VARIANT_LOCALBOOL;
 
 }  // namespace
 
+namespace {
+
+// Hosts nest two or three: an item, its field, the field's value. An object that leads back to itself never
+// ends, and each object on the way is a call of the host.
+constexpr int mostObjects = 8;
+
 Variant defaultProperty(VariantView object) {
     if (!object.raw().punkVal) throw RuntimeError(ErrorNumber::objectNotSet);
     const auto dispatch = queried<IDispatch>(object.raw().punkVal);
@@ -72,9 +78,46 @@ Variant defaultProperty(VariantView object) {
     return invoked(dispatch.get(), DISPID_VALUE, DISPATCH_PROPERTYGET | DISPATCH_METHOD, {});
 }
 
+bool isDispatch(const VARIANT& value) { return value.vt == VT_DISPATCH && value.pdispVal; }
+
+// As the automation runtime asks on its own way to a value, but with an end.
+HRESULT readPlainValue(VariantView object, LCID locale, Variant& value) {
+    auto asked = ComPointer<IDispatch>(object.raw().pdispVal);
+    for (int objects = 0; objects < mostObjects; ++objects) {
+        DISPPARAMS none{};
+        value = Variant();
+        const auto answer = asked->Invoke(DISPID_VALUE, IID_NULL, locale, DISPATCH_PROPERTYGET, &none,
+                                          value.put(), nullptr, nullptr);
+        if (FAILED(answer) || !isDispatch(value.view().raw())) return answer;
+        asked = value.view().raw().pdispVal;
+    }
+    return DISP_E_MEMBERNOTFOUND;
+}
+
+}  // namespace
+
+HRESULT changeType(VARIANT& result, const VARIANT& source, LCID locale, USHORT flags, VARTYPE type) {
+    const VariantView given(source);
+    if (!isDispatch(given.raw()) || type == VT_DISPATCH || type == VT_UNKNOWN)
+        return VariantChangeTypeEx(&result, const_cast<VARIANT*>(&source), locale, flags, type);
+    Variant value;
+    const auto answer = readPlainValue(given, locale, value);
+    return FAILED(answer) ? answer : VariantChangeTypeEx(&result, value.put(), locale, flags, type);
+}
+
+Variant plainValue(VariantView value) {
+    if (!value.isObject()) return Variant(value);
+    auto result = defaultProperty(value);
+    for (int objects = 1; result.view().isObject(); ++objects) {
+        if (objects == mostObjects) throw RuntimeError(ErrorNumber::propertyOrMethodNotSupported);
+        result = defaultProperty(result.view());
+    }
+    return result;
+}
+
 Variant converted(VariantView value, VARTYPE type) {
     if (value.isNull()) throw RuntimeError(ErrorNumber::invalidUseOfNull);
-    if (value.isObject()) return converted(defaultProperty(value).view(), type);
+    if (value.isObject()) return converted(plainValue(value).view(), type);
     Variant result;
     throwIfFailed(changeType(*result.put(), value.raw(), LOCALE_USER_DEFAULT, 0, type));
     return result;
@@ -84,7 +127,7 @@ namespace {
 
 Bstr written(VariantView value, LCID locale, USHORT flags) {
     if (value.isNull()) throw RuntimeError(ErrorNumber::invalidUseOfNull);
-    if (value.isObject()) return written(defaultProperty(value).view(), locale, flags);
+    if (value.isObject()) return written(plainValue(value).view(), locale, flags);
     Variant text;
     throwIfFailed(changeType(*text.put(), value.raw(), locale, flags, VT_BSTR));
     return Bstr::adopt(text.detach().bstrVal);

@@ -14,11 +14,11 @@ std::size_t sizeOfValue(VARTYPE type) noexcept;
 /// The run-time number that a failure code stands for; 440, automation error, for one that has none.
 std::uint16_t errorNumberOf(HRESULT failure) noexcept;
 
-/// The automation runtime's conversion and copy. They leave their source alone, which their
-/// declarations do not say.
-inline HRESULT changeType(VARIANT& result, const VARIANT& source, LCID locale, USHORT flags, VARTYPE type) {
-    return VariantChangeTypeEx(&result, const_cast<VARIANT*>(&source), locale, flags, type);
-}
+/// The automation runtime's conversion; an object by its default property, as plainValue() but with the
+/// failure codes as they come. The source is left alone unless it is the result.
+HRESULT changeType(VARIANT& result, const VARIANT& source, LCID locale, USHORT flags, VARTYPE type);
+
+/// The automation runtime's copy. It leaves its source alone, which its declaration does not say.
 inline HRESULT copyValue(VARIANT& result, const VARIANT& source) {
     return VariantCopyInd(&result, const_cast<VARIANT*>(&source));
 }
@@ -31,9 +31,10 @@ inline void throwIfFailed(HRESULT result) {
     if (FAILED(result)) throwFailure(result);
 }
 
-/// What an object stands for where a value is wanted. Errors: 91 for Nothing, 438 for an object without a
-/// default property, or the object's own number.
-Variant defaultProperty(VariantView object);
+/// What an object stands for where a value is wanted: its default property, and where that is an object, that
+/// one's. Any other value is itself. Errors: 91 for Nothing, 438 for an object without a default property and
+/// for one that leads through more than eight objects, or the object's own number.
+Variant plainValue(VariantView value);
 
 /// A value as one of the given type, an object by its default property; by the user's locale. Doubles
 /// become integers by rounding to nearest, ties to even. Errors: 94 for Null, 13 for what cannot be
