@@ -80,18 +80,19 @@ Variant defaultProperty(VariantView object) {
 
 bool isDispatch(const VARIANT& value) { return value.vt == VT_DISPATCH && value.pdispVal; }
 
-// As the automation runtime asks on its own way to a value, but with an end.
-HRESULT readPlainValue(VariantView object, LCID locale, Variant& value) {
+// As the automation runtime asks on its own way to a value, but with an end. Whether there is one.
+bool readPlainValue(VariantView object, LCID locale, Variant& value) {
     auto asked = ComPointer<IDispatch>(object.raw().pdispVal);
     for (int objects = 0; objects < mostObjects; ++objects) {
         DISPPARAMS none{};
         value = Variant();
         const auto answer = asked->Invoke(DISPID_VALUE, IID_NULL, locale, DISPATCH_PROPERTYGET, &none,
                                           value.put(), nullptr, nullptr);
-        if (FAILED(answer) || !isDispatch(value.view().raw())) return answer;
+        if (FAILED(answer)) return false;
+        if (!isDispatch(value.view().raw())) return true;
         asked = value.view().raw().pdispVal;
     }
-    return DISP_E_MEMBERNOTFOUND;
+    return false;
 }
 
 }  // namespace
@@ -101,8 +102,9 @@ HRESULT changeType(VARIANT& result, const VARIANT& source, LCID locale, USHORT f
     if (!isDispatch(given.raw()) || type == VT_DISPATCH || type == VT_UNKNOWN)
         return VariantChangeTypeEx(&result, const_cast<VARIANT*>(&source), locale, flags, type);
     Variant value;
-    const auto answer = readPlainValue(given, locale, value);
-    return FAILED(answer) ? answer : VariantChangeTypeEx(&result, value.put(), locale, flags, type);
+    return readPlainValue(given, locale, value)
+               ? VariantChangeTypeEx(&result, value.put(), locale, flags, type)
+               : DISP_E_TYPEMISMATCH;
 }
 
 Variant plainValue(VariantView value) {

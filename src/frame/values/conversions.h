@@ -14,8 +14,9 @@ std::size_t sizeOfValue(VARTYPE type) noexcept;
 /// The run-time number that a failure code stands for; 440, automation error, for one that has none.
 std::uint16_t errorNumberOf(HRESULT failure) noexcept;
 
-/// The automation runtime's conversion; an object by its default property, as plainValue() but with the
-/// failure codes as they come. The source is left alone unless it is the result.
+/// The automation runtime's conversion; an object by its default property, through as many objects as
+/// plainValue(). One that leads to no value is a type mismatch. The source is left alone unless it is the
+/// result.
 HRESULT changeType(VARIANT& result, const VARIANT& source, LCID locale, USHORT flags, VARTYPE type);
 
 /// The automation runtime's copy. It leaves its source alone, which its declaration does not say.
