@@ -6,7 +6,7 @@
 #include <initializer_list>
 #include <vector>
 
-#include "frame/values/unique_handle.h"
+#include "frame/values/com_pointer.h"
 #include "frame/values/variant.h"
 #include "frame/values/winapi.h"
 

@@ -58,7 +58,7 @@ void compareString(Bench& bench, const char* name, Ours ours, Peer peer) {
             ours(result.put());
             return result;
         },
-        "a plain function", [&] { return Bstr(peer()); });
+        "a plain function", [&] { return Bstr::adopt(peer()); });
 }
 
 }  // namespace

@@ -159,7 +159,7 @@ void compareWholeCall(Bench& bench, IDispatch* object) {
 
 void measureLateBinding(Bench& bench, const Component& component) {
     const auto& publication = publicationOf(Of<test::Specimen>());
-    const Dispatch specimen(reinterpret_cast<IDispatch*>(publication.create(publication)));
+    const auto specimen = Dispatch::adopt(reinterpret_cast<IDispatch*>(publication.create(publication)));
     compareNumberGivenBack(bench, specimen.get());
 
     const auto text = create(component.factory(classEntry<VorlaChaine>.number).get());

@@ -15,7 +15,6 @@ add_library(vorla_frame OBJECT
     src/frame/com/dispatch.cpp
     src/frame/com/error_texts.cpp
     src/frame/com/instance.cpp
-    src/frame/com/module.cpp
     src/frame/com/publication.cpp
     src/frame/com/registration.cpp
     src/frame/com/registry_tree.cpp
@@ -36,6 +35,7 @@ add_library(vorla_frame OBJECT
     src/frame/values/ansi.cpp
     src/frame/values/conversions.cpp
     src/frame/values/invocation.cpp
+    src/frame/values/module.cpp
     src/frame/values/per_thread.cpp
     src/frame/values/variant.cpp)
 # The error object is oleaut32's; the import library of ole32 has it too, but before Windows 8 ole32 has not.
@@ -104,7 +104,7 @@ add_custom_command(
     COMMENT "Writing Vorla6.tlb")
 
 add_library(Vorla6 SHARED
-    src/frame/com/exports.cpp src/frame/com/runtime_locks.cpp src/vorla6.def src/vorla6.rc)
+    src/frame/com/exports.cpp src/frame/com/runtime_parts.cpp src/vorla6.def src/vorla6.rc)
 set_source_files_properties(src/vorla6.rc PROPERTIES OBJECT_DEPENDS ${type_library})
 target_include_directories(Vorla6 PRIVATE ${CMAKE_BINARY_DIR})
 vorla_link(Vorla6 vorla_rules vorla_frame vorla_classes)

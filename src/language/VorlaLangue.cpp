@@ -156,7 +156,7 @@ Text VorlaLangue::LoadCtlLng(TextView strFormName, TextView strCtlName, eLngProp
     step([&] {
         const auto property = static_cast<std::size_t>(CtlProperty);
         if (property >= std::size(language::properties)) return;
-        const auto index = CtlIndex < 0 ? Text() : std::to_wstring(CtlIndex);
+        const auto index = CtlIndex < 0 ? Text() : inDigits(CtlIndex);
         text = LngReadValue(strFormName,
                             language::controlKey(strCtlName, index, language::properties[property]));
     });

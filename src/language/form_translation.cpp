@@ -25,12 +25,6 @@ Text indexOf(BoundObject& control) {
 
 Text tagOf(BoundObject& object) { return object.getAs<Text>(L"Tag"); }
 
-// Controls that are not the host's own may give their colours as unsigned numbers.
-std::int32_t colourIn(const Variant& colour) {
-    if (colour.view().type() == VT_UI4) return static_cast<std::int32_t>(colour.view().raw().ulVal);
-    return converted(colour.view(), VT_I4).raw().lVal;
-}
-
 bool hasTitleBar(BoundObject& form) {
     const auto window = reinterpret_cast<HWND>(INT_PTR{form.getAs<std::int32_t>(L"hwnd")});
     return (GetWindowLongA(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
@@ -88,7 +82,7 @@ void fit(BoundObject& control, BoundObject& label, TextView text) {
     BoundObject container(label.getObject(L"Container"));
     const auto scale = scaleAround(control);
     const auto scaled = [&](const auto& length, const auto& from) {
-        return converted(container.call(L"ScaleX", length, from, scale).view(), VT_R8).raw().dblVal;
+        return convertedTo<double>(container.call(L"ScaleX", length, from, scale).view());
     };
     const double box = scaled(boxAndGap, twips);
     control.put(L"Width", scaled(label.get(L"Width"), container.get(L"ScaleMode")) + box);
@@ -104,7 +98,7 @@ void loadTitle(BoundObject& form) {
 
 void colourForm(BoundObject& form, const Theme& theme) {
     const auto tag = theme.applies ? tagOf(form) : Text();
-    if (const auto colour = formColour(theme, colourIn(form.get(L"BackColor")), tag))
+    if (const auto colour = formColour(theme, form.getColour(L"BackColor"), tag))
         form.put(L"BackColor", *colour);
 }
 
@@ -141,8 +135,8 @@ void loadControl(BoundObject& control, BoundObject& label, TextView section, con
         const auto rule = colouringOf(tagOf(control), hasWindowColour(type));
         if (rule == Colouring::tab) control.put(L"BackColor", wanted.theme.tabBack);
         if (rule != Colouring::themed) return;
-        if (const auto colour = themedColour(wanted.theme, colourIn(present)))
-            control.put(L"BackColor", *colour);
+        if (const auto themed = themedColour(wanted.theme, colour(present.view())))
+            control.put(L"BackColor", *themed);
     });
 }
 

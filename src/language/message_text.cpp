@@ -11,7 +11,7 @@ Text withoutAccessKeys(TextView text) {
 }
 
 Text withValue(TextView text, int number, TextView value) {
-    const Text placeholder = L"%%" + std::to_wstring(number);
+    const Text placeholder = L"%%" + inDigits(number);
     Text result;
     for (;;) {
         const auto place = text.find(placeholder);

@@ -92,17 +92,14 @@ bool goesOn(const HostObject& host, TextView message, std::int32_t owner) {
     if (!host) return messageBox(message, style, owner) != IDCANCEL;
     const auto button =
         BoundObject(host).call(L"Action", owner, message, style, app::title(), app::helpFile());
-    return converted(button.view(), VT_I4).raw().lVal != IDCANCEL;
+    return convertedTo<std::int32_t>(button.view()) != IDCANCEL;
 }
-
-// An object's default property; any other value unchanged.
-Variant plainValue(VariantView value) { return value.isObject() ? defaultProperty(value) : Variant(value); }
 
 Date dateIn(const Variant& value) {
     // Numbers are refused although dates are numbers: they are more often a mistake.
     const auto type = value.raw().vt;
     if (type != VT_DATE && type != VT_BSTR) throw RuntimeError(ErrorNumber::typeMismatch);
-    return {converted(value.view(), VT_DATE).raw().date};
+    return convertedTo<Date>(value.view());
 }
 
 }  // namespace

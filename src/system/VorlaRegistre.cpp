@@ -39,8 +39,8 @@ LSTATUS writeValue(HKEY key, TextView name, DataType type, VariantView value) {
             return writeData(key, name, REG_SZ, data.data(), data.size());
         }
         case REG_DWORD: {
-            const Variant number = converted(value, VT_I4);
-            return writeData(key, name, REG_DWORD, &number.raw().lVal, sizeof number.raw().lVal);
+            const auto number = convertedTo<std::int32_t>(value);
+            return writeData(key, name, REG_DWORD, &number, sizeof number);
         }
         // Binary data is accepted and not stored: old hosts rely on this.
         default: return ERROR_SUCCESS;

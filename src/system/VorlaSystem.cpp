@@ -28,20 +28,6 @@
 namespace vorla {
 namespace {
 
-struct ProcessKind {
-    using Handle = HANDLE;
-    static Handle invalid() { return nullptr; }
-    static void close(Handle handle) { CloseHandle(handle); }
-};
-using Process = UniqueHandle<ProcessKind>;
-
-struct DesktopKind {
-    using Handle = HDESK;
-    static Handle invalid() { return nullptr; }
-    static void close(Handle handle) { CloseDesktop(handle); }
-};
-using Desktop = UniqueHandle<DesktopKind>;
-
 // The text that Windows writes into a buffer of this size; empty when the call fails. `fill` gets the buffer
 // and returns whether the call worked.
 template <std::size_t room, class Fill>
@@ -77,7 +63,7 @@ void reportShellError(std::int32_t code, bool message) {
     if (message)
         warningBox(text, L"Erreur");
     else
-        storeError(IID_NULL, L"Vorla6.VorlaSystem", text, static_cast<DWORD>(code));
+        storeError(IID_NULL, {L"Vorla6.VorlaSystem", text, {}, static_cast<DWORD>(code)});
 }
 
 // Asks the shell about a file by its name and folder, and reports a failure. Some shells crash on a path that
@@ -133,7 +119,7 @@ Text associatedProgram(TextView path, bool message) {
 }
 
 struct Started {
-    Process process;
+    KernelObject process;
     DWORD id;
 
     // A process may also end with the exit code that means "still running".
@@ -157,7 +143,7 @@ Started start(TextView command, std::int32_t windowStyle) {
                         &made))
         throw RuntimeError(ErrorNumber::fileNotFound);
     CloseHandle(made.hThread);
-    return {Process(made.hProcess), made.dwProcessId};
+    return {KernelObject(made.hProcess), made.dwProcessId};
 }
 
 bool isNumber(VariantView value) {
@@ -185,7 +171,7 @@ bool isNumber(VariantView value) {
 
 // The window handle in a number or a form; 0 for anything else.
 std::int32_t handleOf(VariantView window) {
-    if (isNumber(window)) return converted(window, VT_I4).raw().lVal;
+    if (isNumber(window)) return convertedTo<std::int32_t>(window);
     if (!window.isObject() || !window.raw().punkVal) return 0;
     const auto form = objectIn(window);
     return isHostForm(form) ? BoundObject(form).getAs<std::int32_t>(L"hwnd") : 0;
@@ -266,7 +252,7 @@ bool VorlaSystem::SysShellWait(const Text& sShell, std::int32_t eWindowStyle) {
     return endOnError(false, [&] {
         constexpr DWORD pause = 100;
         const auto started = start(sShell, eWindowStyle);
-        const Process process(OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, started.id));
+        const KernelObject process(OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, started.id));
         if (!process) return false;
         for (DWORD exitCode = 0;;) {
             if (!GetExitCodeProcess(process.get(), &exitCode)) return false;

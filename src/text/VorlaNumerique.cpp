@@ -71,7 +71,7 @@ Variant VorlaNumérique::NumFrmtSys(VariantView Montant, bool ZéroSignificatif)
     // A number or date keeps its type; anything else becomes text.
     Variant result = isAmountType(Montant.type()) ? converted(amount.view(), Montant.type()) : amount;
     // Converted even when zeros are kept, so that a text that is not an amount always raises error 13.
-    const bool isZero = converted(amount.view(), VT_CY).raw().cyVal.int64 == 0;
+    const bool isZero = convertedTo<Currency>(amount.view()).scaled == 0;
     if (isZero && !ZéroSignificatif) return TextView();
     return result;
 }

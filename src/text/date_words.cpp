@@ -3,9 +3,9 @@
 namespace vorla {
 
 Text dateInWords(TextView weekday, int day, TextView month, int year) {
-    const auto digits = std::to_wstring(year);
+    const auto digits = inDigits(year);
     Text result(weekday);
-    result.append(L" ").append(std::to_wstring(day)).append(L" ").append(month).append(L" ");
+    result.append(L" ").append(inDigits(day)).append(L" ").append(month).append(L" ");
     return result.append(digits.size() < 4 ? 4 - digits.size() : 0, L'0').append(digits);
 }
 

@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "clients/case_table.h"
-#include "frame/values/unique_handle.h"
+#include "frame/values/com_pointer.h"
 
 namespace vorla::test {
 namespace {
@@ -83,8 +83,9 @@ std::string callLateBound(IDispatch* object, Case& called) {
     const auto answer =
         object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flagsOf(called.use), &parameters,
                        called.use == Use::put ? nullptr : result.put(), &exception, &badArgument);
-    const Bstr source(exception.bstrSource), description(exception.bstrDescription),
-        help(exception.bstrHelpFile);
+    const auto source = Bstr::adopt(exception.bstrSource),
+               description = Bstr::adopt(exception.bstrDescription),
+               help = Bstr::adopt(exception.bstrHelpFile);
     if (SUCCEEDED(answer)) return describeResult(result.raw());
     if (result.raw().vt != VT_EMPTY) return "a failure with a result";
     if (answer != DISP_E_EXCEPTION) return describeRefusal(answer);

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "frame/contract/identifiers.h"
-#include "frame/values/unique_handle.h"
+#include "frame/values/com_pointer.h"
 #include "frame/values/winapi.h"
 #include "support/automation.h"
 

@@ -34,7 +34,7 @@ TEST_F(Langue, twoThreadsHoldTwoLanguages) {
         invoke(other.get(), L"LngSetFileName", {text(application.path()), text(L"FRA")});
         during = answered(other, L"LoadMsgLng", {text(L"m")});
         // The other thread's object, called from this thread: the calling thread counts, not the object.
-        meanwhile = answered(Dispatch((langue->AddRef(), langue.get())), L"LoadMsgLng", {text(L"m")});
+        meanwhile = answered(Dispatch(langue.get()), L"LoadMsgLng", {text(L"m")});
     });
     EXPECT_EQ(L"", before);
     EXPECT_EQ(L"français", during);

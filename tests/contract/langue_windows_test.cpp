@@ -35,7 +35,7 @@ protected:
     LangueWindows() { label.put(L"AutoSize", true), label.put(L"Visible", false); }
     ~LangueWindows() override {
         // No member may keep a reference to an object that it was given.
-        const HostReference<forms::Form> kept(&form);
+        const ComPointer<forms::Form> kept(&form);
         form.unload();
         kept.get()->AddRef();
         EXPECT_EQ(1u, kept.get()->Release());

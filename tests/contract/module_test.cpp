@@ -37,6 +37,18 @@ public:
         return names;
     }
 
+    /// The functions, by name, that the image takes from others.
+    std::set<std::string> functions() const {
+        std::set<std::string> names;
+        for (auto* entry = &at<IMAGE_IMPORT_DESCRIPTOR>(directoryAt(IMAGE_DIRECTORY_ENTRY_IMPORT));
+             entry->Name != 0; ++entry)
+            for (auto* thunk = &at<IMAGE_THUNK_DATA>(entry->OriginalFirstThunk); thunk->u1.AddressOfData != 0;
+                 ++thunk)
+                if (!IMAGE_SNAP_BY_ORDINAL(thunk->u1.Ordinal))
+                    names.insert(text(static_cast<DWORD>(thunk->u1.AddressOfData) + sizeof(WORD)));
+        return names;
+    }
+
 private:
     template <class T>
     const T& at(DWORD offset) const {
@@ -63,6 +75,15 @@ TEST(Module, importsOnlyFromWindows) {
                                         "msvcrt.dll",   "ole32.dll",  "oleaut32.dll", "shell32.dll",
                                         "shlwapi.dll",  "user32.dll", "winmm.dll"};
     for (const auto& name : Image(component.module()).imports()) EXPECT_TRUE(windows.contains(name)) << name;
+}
+
+// What these serve is a tenth of the component's size or more: printf, and texts for a console.
+TEST(Module, writesToNoConsole) {
+    const Component component;
+    const auto functions = Image(component.module()).functions();
+    EXPECT_TRUE(functions.contains("malloc"));
+    for (const auto* absent : {"fputc", "fputs", "fputwc", "localeconv", "strerror"})
+        EXPECT_FALSE(functions.contains(absent)) << absent;
 }
 
 TEST(Module, isSmallStrippedAndMarked) {

@@ -38,7 +38,7 @@ TEST(Object, referencesAreCounted) {
     auto object = component.create(0);
     EXPECT_EQ(2u, object->AddRef());
     EXPECT_EQ(1u, object->Release());
-    EXPECT_EQ(0u, object.release()->Release());
+    EXPECT_EQ(0u, object.detach()->Release());
     EXPECT_EQ(S_OK, component.canUnloadNow());
 }
 

@@ -5,7 +5,7 @@
 #include <cstdio>
 
 #include "frame/values/bstr.h"
-#include "frame/values/unique_handle.h"
+#include "frame/values/com_pointer.h"
 
 namespace vorla::test {
 namespace {
@@ -51,7 +51,7 @@ std::wstring signature(ITypeInfo& description, const FUNCDESC& function) {
     UINT count = 0;
     EXPECT_EQ(S_OK, description.GetNames(function.memid, raw, 20, &count));
     std::vector<Bstr> names;
-    for (UINT i = 0; i < count; ++i) names.emplace_back(raw[i]);
+    for (UINT i = 0; i < count; ++i) names.push_back(Bstr::adopt(raw[i]));
 
     wchar_t id[12];
     std::swprintf(id, 12, L"%08lx ", function.memid);

@@ -184,7 +184,7 @@ TEST_F(Shell, everyCodeOfFailureIsStoredWithoutAMessage) {
     };
     for (const auto& error : errors) {
         execute.failCall(1, shellAnswer(error.code));
-        expectResult(Outcome{S_OK, open(L"C:\\x.vla"), 0, 0, {}, {}}, long32(error.code));
+        expectResult(Outcome{S_OK, open(L"C:\\x.vla"), 0, 0, {}, {}, {}, 0}, long32(error.code));
         expectStored(error.text, error.code);
         find_.failCall(1, shellAnswer(error.code));
         EXPECT_EQ(L"", find(L"C:\\x.vla", true));

@@ -38,7 +38,7 @@ protected:
         USHORT count = 1;
         EXPECT_EQ(S_OK, library->FindName(asked.get(), 0, &found, &member, &count)) << narrow(name);
         EXPECT_EQ(1, count) << narrow(name);
-        return attributesOf(ComPointer<ITypeInfo>(found));
+        return attributesOf(ComPointer<ITypeInfo>::adopt(found));
     }
 
     static std::wstring nameOf(ITypeInfo* info, MEMBERID member) {

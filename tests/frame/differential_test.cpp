@@ -140,7 +140,7 @@ using Caller = std::function<HRESULT(IDispatch*, DISPID, WORD, DISPPARAMS*, VARI
 
 Seen call(const Publication& publication, const Member& member, const std::vector<Given>& given,
           const std::vector<DISPID>& names, const Caller& caller) {
-    Dispatch instance(reinterpret_cast<IDispatch*>(publication.create(publication)));
+    auto instance = Dispatch::adopt(reinterpret_cast<IDispatch*>(publication.create(publication)));
     auto side = makeSide(given, publication.parametersOf(member));
     Arguments arguments;
     std::size_t positional = given.size() - names.size();
@@ -164,7 +164,8 @@ Seen call(const Publication& publication, const Member& member, const std::vecto
     for (VARIANT& argument : arguments.reversed) VariantClear(&argument);
     seen.badArgument = badArgument;
     seen.result = describe(result.raw());
-    const Bstr source(exception.bstrSource), description(exception.bstrDescription);
+    const auto source = Bstr::adopt(exception.bstrSource),
+               description = Bstr::adopt(exception.bstrDescription);
     if (seen.code == DISP_E_EXCEPTION)
         seen.exception = std::to_string(exception.scode) + narrow(source.view()) + narrow(description.view());
     for (const Variant& value : side.values) seen.variables.push_back(describe(value.raw()));

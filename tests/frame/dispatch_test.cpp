@@ -14,6 +14,19 @@ Variant ofType(VARTYPE type, double value) {
     return result;
 }
 
+TEST_F(SpecimenTest, anObjectThatStandsForItselfIsNoArgument) {
+    ScriptedObject itself;
+    itself.property(L"Value").defaultMember(L"Value");
+    itself.value(L"Value") = object(&itself);
+    for (const auto* member : {L"Long", L"Chaîne", L"LongRef", L"Jour"}) {
+        const auto outcome = call(member, {object(&itself)});
+        EXPECT_EQ(DISP_E_TYPEMISMATCH, outcome.code) << narrow(member);
+        EXPECT_EQ(0u, outcome.badArgument) << narrow(member);
+    }
+    itself.value(L"Value") = Variant();
+    EXPECT_EQ(0, itself.references());
+}
+
 TEST_F(SpecimenTest, valuesOfEveryTypeGoInAndComeBack) {
     expectResult(call(L"Court", {std::int16_t{-32768}}), std::int16_t{-32768});
     expectResult(call(L"Long", {std::int32_t{2147483647}}), std::int32_t{2147483647});
@@ -229,7 +242,7 @@ TEST_F(SpecimenTest, oneVariableAsArgumentAndResult) {
     auto argument = byReference(variable);
     DISPPARAMS parameters{argument.put(), nullptr, 1, 0};
     // When the result has replaced the old string, the caller frees it.
-    const Bstr before(variable.raw().bstrVal);
+    const auto before = Bstr::adopt(variable.raw().bstrVal);
     EXPECT_EQ(S_OK, specimen->Invoke(idOf(specimen.get(), L"Chaîne"), IID_NULL, 0, DISPATCH_METHOD,
                                      &parameters, variable.put(), nullptr, nullptr));
     EXPECT_EQ(L"abc", viewOf(variable.raw().bstrVal));
@@ -251,7 +264,7 @@ TEST_F(SpecimenTest, objectsAndNothing) {
 TEST_F(SpecimenTest, anObjectWhoseLastReferenceWasTakenIsNothing) {
     Variant variable;
     {
-        const Dispatch other(reinterpret_cast<IDispatch*>(publication.create(publication)));
+        const auto other = Dispatch::adopt(reinterpret_cast<IDispatch*>(publication.create(publication)));
         variable = vorla::test::object(other.get());
     }
     EXPECT_EQ(S_OK, call(L"ObjetRef", {byReference(variable)}).code);

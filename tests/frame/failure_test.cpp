@@ -67,7 +67,7 @@ TEST_F(SpecimenTest, lateBoundHostsTakeTheInformationOnce) {
 TEST_F(SpecimenTest, whatAReferenceBecameIsKeptWhenTheMemberFails) {
     BSTR string = SysAllocString(L"before");
     BSTR result = SysAllocString(L"poison");
-    const Bstr poison(result);
+    const auto poison = Bstr::adopt(result);
     EXPECT_EQ(static_cast<HRESULT>(0x800A0006), slot(slotOf(L"ChangeEtÉchoue"), &string, &result));
     EXPECT_EQ(L"changed", viewOf(string));
     EXPECT_EQ(nullptr, result);

@@ -1,6 +1,8 @@
 // Host objects driven by name: the calls that reach them, the results, and the number of calls.
 #include <gtest/gtest.h>
 
+#include <deque>
+
 #include "frame/contract/enumerations.h"
 #include "frame/host/bound_object.h"
 #include "frame/host/globals.h"
@@ -196,6 +198,124 @@ TEST(BoundObject, valuesOfAnotherTypeAreConverted) {
     EXPECT_EQ(32768.0, bound.getAs<double>(L"Grand"));
     EXPECT_EQ(6, errorOf([&] { bound.getAs<std::int16_t>(L"Grand"); }));
     EXPECT_EQ(13, errorOf([&] { bound.getAs<std::int32_t>(L"Mot"); }));
+}
+
+// An object whose default property is the object itself, and one that stands for a number by many others.
+TEST(DefaultProperties, thatLeadNowhereEnd) {
+    ScriptedObject itself;
+    itself.property(L"Value").defaultMember(L"Value");
+    const auto held = object(&itself);
+    itself.value(L"Value") = held;
+    EXPECT_EQ(438, errorOf([&] { converted(held.view(), VT_I4); }));
+    EXPECT_EQ(8u, itself.logged(L"get"));
+    EXPECT_EQ(438, errorOf([&] { convertedTo<Text>(held.view()); }));
+    EXPECT_EQ(438, errorOf([&] { numberToInvariantText(held.view()); }));
+    EXPECT_EQ(24u, itself.logged(L"get"));
+    itself.value(L"Value") = Variant();
+    EXPECT_EQ(1, itself.references());
+}
+
+TEST(DefaultProperties, areAskedThroughEightObjects) {
+    for (const std::size_t count : {1u, 2u, 8u, 9u}) {
+        std::deque<ScriptedObject> chain;
+        Variant first(std::int16_t{7});
+        for (std::size_t i = 0; i < count; ++i) {
+            chain.emplace_back(std::move(first));
+            first = object(&chain.back());
+        }
+        EXPECT_EQ(count > 8 ? 438 : 0, errorOf([&] {
+                      EXPECT_EQ(7, convertedTo<std::int32_t>(first.view()));
+                      EXPECT_EQ(L"7", convertedTo<Text>(first.view()));
+                  }))
+            << count;
+        Variant number;
+        const auto answer = changeType(*number.put(), first.raw(), LOCALE_USER_DEFAULT, 0, VT_I4);
+        EXPECT_EQ(count > 8 ? DISP_E_TYPEMISMATCH : S_OK, answer) << count;
+        EXPECT_EQ(count > 8 ? "vt 0 " : "vt 3 7", describe(number.raw())) << count;
+    }
+}
+
+// Whatever is wrong with an object, the system's own conversion answers alike.
+TEST(DefaultProperties, failAsTheSystemLetsThemFail) {
+    ScriptedObject value{Variant(std::int16_t{7})};
+    const auto held = object(&value);
+    for (const auto code : {E_FAIL, DISP_E_MEMBERNOTFOUND, E_OUTOFMEMORY, static_cast<HRESULT>(0x800A017C)}) {
+        Variant number;
+        value.failCall(1, code);
+        const auto ours = changeType(*number.put(), held.raw(), LOCALE_USER_DEFAULT, 0, VT_I4);
+        value.failCall(1, code);
+        EXPECT_EQ(VariantChangeTypeEx(number.put(), const_cast<VARIANT*>(&held.raw()), LOCALE_USER_DEFAULT, 0,
+                                      VT_I4),
+                  ours)
+            << std::hex << code;
+    }
+}
+
+TEST(BoundObject, valuesAsTheTypeThatIsAskedFor) {
+    ScriptedObject control;
+    control.property(L"Nombre", 2.5)
+        .property(L"Grand", std::int32_t{300})
+        .property(L"Moins", std::int16_t{-1})
+        .property(L"Mot", text(L"abc"));
+    BoundObject bound{HostObject(&control)};
+    EXPECT_EQ(2, bound.getAs<std::uint8_t>(L"Nombre"));
+    EXPECT_EQ(2.5f, bound.getAs<float>(L"Nombre"));
+    EXPECT_EQ(25'000, bound.getAs<Currency>(L"Nombre").scaled);
+    EXPECT_EQ(2.5, bound.getAs<Date>(L"Nombre").days);
+    EXPECT_EQ(6, errorOf([&] { bound.getAs<std::uint8_t>(L"Grand"); }));
+    EXPECT_EQ(6, errorOf([&] { bound.getAs<std::uint8_t>(L"Moins"); }));
+    EXPECT_EQ(13, errorOf([&] { bound.getAs<float>(L"Mot"); }));
+    EXPECT_EQ(13, errorOf([&] { bound.getAs<Currency>(L"Mot"); }));
+    EXPECT_EQ(13, errorOf([&] { bound.getAs<Date>(L"Mot"); }));
+    bound.put(L"Nombre", 0.5f);
+    EXPECT_EQ("vt 4 0.5", describe(control.value(L"Nombre").raw()));
+    bound.put(L"Nombre", std::uint8_t{200});
+    EXPECT_EQ("vt 17 200", describe(control.value(L"Nombre").raw()));
+}
+
+Variant unsigned32(std::uint32_t value) {
+    Variant result;
+    result.put()->vt = VT_UI4;
+    result.put()->ulVal = value;
+    return result;
+}
+
+TEST(BoundObject, coloursAreTheir32BitsWithASignOrWithout) {
+    struct Row {
+        Variant value;
+        std::int32_t colour;
+    };
+    constexpr std::int32_t face = INT32_MIN + 15;  // &H8000000F
+    const Row rows[] = {
+        {std::int32_t{255}, 255},
+        {std::int16_t{-1}, -1},
+        {face, face},
+        {unsigned32(0x8000000F), face},
+        {unsigned32(0xFFFFFFFF), -1},
+        {2147483663.0, face},
+        {-2147483633.0, face},
+        {4294967295.0, -1},
+        {-2147483648.0, INT32_MIN},
+        {2147483647.0, INT32_MAX},
+        {Currency{2147483663'0000}, face},
+        {16777215.5, 16777216},  // halves to even
+        {text(L"12"), 12},
+    };
+    ScriptedObject control;
+    control.property(L"BackColor");
+    BoundObject bound{HostObject(&control)};
+    for (const Row& row : rows) {
+        control.value(L"BackColor") = row.value;
+        EXPECT_EQ(row.colour, bound.getColour(L"BackColor")) << describe(row.value.raw());
+    }
+    for (const double beyond : {4294967296.0, -2147483649.0, 1e300}) {
+        control.value(L"BackColor") = beyond;
+        EXPECT_EQ(6, errorOf([&] { bound.getColour(L"BackColor"); })) << beyond;
+    }
+    control.value(L"BackColor") = text(L"rouge");
+    EXPECT_EQ(13, errorOf([&] { bound.getColour(L"BackColor"); }));
+    control.value(L"BackColor") = nullValue();
+    EXPECT_EQ(94, errorOf([&] { bound.getColour(L"BackColor"); }));
 }
 
 TEST(BoundObject, failuresKeepTheHostsNumber) {

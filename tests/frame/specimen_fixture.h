@@ -11,7 +11,8 @@ namespace vorla::test {
 
 class SpecimenTest : public testing::Test {
 protected:
-    SpecimenTest() : specimen(reinterpret_cast<IDispatch*>(publication.create(publication))) {}
+    SpecimenTest()
+        : specimen(Dispatch::adopt(reinterpret_cast<IDispatch*>(publication.create(publication)))) {}
 
     Outcome call(const wchar_t* name, Arguments arguments = {}) {
         return invoke(specimen.get(), name, std::move(arguments), DISPATCH_METHOD | DISPATCH_PROPERTYGET);

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "frame/values/unique_handle.h"
 #include "support/automation.h"
 #include "support/import_patch.h"
 

@@ -62,19 +62,9 @@ Variant text(std::wstring_view value) { return Variant(value); }
 Variant short16(int value) { return static_cast<std::int16_t>(value); }
 Variant long32(int value) { return static_cast<std::int32_t>(value); }
 
-Variant octet(int value) {
-    Variant result;
-    result.put()->vt = VT_UI1;
-    result.put()->bVal = static_cast<BYTE>(value);
-    return result;
-}
+Variant octet(int value) { return static_cast<std::uint8_t>(value); }
 
-Variant single(float value) {
-    Variant result;
-    result.put()->vt = VT_R4;
-    result.put()->fltVal = value;
-    return result;
-}
+Variant single(float value) { return value; }
 
 DISPID idOf(IDispatch* object, const wchar_t* name) {
     auto asked = const_cast<LPOLESTR>(name);
@@ -91,10 +81,13 @@ Outcome invoke(IDispatch* object, DISPID id, WORD flags, DISPPARAMS& parameters,
     outcome.code = object->Invoke(id, IID_NULL, locale, flags, &parameters, outcome.result.put(), &exception,
                                   &outcome.badArgument);
     outcome.exceptionCode = exception.scode;
-    const Bstr source(exception.bstrSource), description(exception.bstrDescription),
-        help(exception.bstrHelpFile);
+    const auto source = Bstr::adopt(exception.bstrSource),
+               description = Bstr::adopt(exception.bstrDescription),
+               help = Bstr::adopt(exception.bstrHelpFile);
     outcome.source = source.view();
     outcome.description = description.view();
+    outcome.helpFile = help.view();
+    outcome.helpContext = exception.dwHelpContext;
     return outcome;
 }
 

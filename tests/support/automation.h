@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "frame/values/com_pointer.h"
 #include "frame/values/runtime_error.h"
-#include "frame/values/unique_handle.h"
 #include "frame/values/variant.h"
 #include "frame/values/winapi.h"
 
@@ -25,6 +25,8 @@ struct Outcome {
     HRESULT exceptionCode = 0;
     std::wstring source;
     std::wstring description;
+    std::wstring helpFile;
+    DWORD helpContext = 0;
 };
 
 /// Arguments in the order in which a host writes them, named ones last.

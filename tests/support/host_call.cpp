@@ -31,7 +31,7 @@ const wchar_t* HostCall::verb() const {
 }
 
 HRESULT HostFailure::raise(EXCEPINFO* exception) const {
-    const bool reported = number != 0 || HRESULT_FACILITY(code) == FACILITY_CONTROL;
+    const bool reported = number != 0 || explained || HRESULT_FACILITY(code) == FACILITY_CONTROL;
     if (!reported) return code;
     if (exception) {
         *exception = {};
@@ -43,8 +43,10 @@ HRESULT HostFailure::raise(EXCEPINFO* exception) const {
         exception->wCode = number;
         exception->scode = number != 0 ? 0 : code;
         // The caller must free these; a test that counts memory sees whether it does.
-        exception->bstrSource = SysAllocString(L"the test's host");
-        exception->bstrDescription = SysAllocString(L"a failure of the test's host");
+        exception->bstrSource = SysAllocString(source);
+        exception->bstrDescription = SysAllocString(description);
+        exception->bstrHelpFile = SysAllocString(helpFile);
+        exception->dwHelpContext = helpContext;
     }
     return DISP_E_EXCEPTION;
 }

@@ -40,9 +40,16 @@ private:
 struct HostFailure {
     HRESULT code;
     WORD number = 0;
-    bool deferred = false;  // the exception is filled in only when the caller asks for it
+    bool deferred = false;   // the exception is filled in only when the caller asks for it
+    bool explained = false;  // whatever the code is, it comes as an exception
 
-    /// Invoke's result. Codes 0x800Axxxx come as an exception's `scode`, numbers as its `wCode`.
+    static constexpr const wchar_t* source = L"l'hôte du test";
+    static constexpr const wchar_t* description = L"un échec de l'hôte";
+    static constexpr const wchar_t* helpFile = L"hôte.chm";
+    static constexpr DWORD helpContext = 77;
+
+    /// What Invoke answers. Codes 0x800Axxxx come as an exception's `scode`, numbers as its `wCode`. An
+    /// exception is described.
     HRESULT raise(EXCEPINFO* exception) const;
 };
 

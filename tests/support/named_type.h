@@ -1,7 +1,7 @@
 // Types that have just a name, for objects that tell their class.
 #pragma once
 
-#include "frame/values/unique_handle.h"
+#include "frame/values/com_pointer.h"
 #include "frame/values/winapi.h"
 
 namespace vorla::test {

@@ -93,6 +93,11 @@ ScriptedObject& ScriptedObject::failCallWithNumber(int number, WORD errorNumber)
     return *this;
 }
 
+ScriptedObject& ScriptedObject::failCallExplained(int number, HRESULT code) {
+    record_.fail(number, {code, 0, false, true});
+    return *this;
+}
+
 ScriptedObject& ScriptedObject::failCallDeferred(int number, WORD errorNumber) {
     record_.fail(number, {DISP_E_EXCEPTION, errorNumber, true});
     return *this;

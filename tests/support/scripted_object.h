@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "frame/values/unique_handle.h"
+#include "frame/values/com_pointer.h"
 #include "frame/values/variant.h"
 #include "frame/values/winapi.h"
 #include "support/host_call.h"
@@ -56,6 +56,8 @@ public:
     ScriptedObject& failCall(int number, HRESULT code);
     /// The same with an exception whose `wCode` is the error's number.
     ScriptedObject& failCallWithNumber(int number, WORD errorNumber);
+    /// The same with an exception of any code, described.
+    ScriptedObject& failCallExplained(int number, HRESULT code);
     /// The same, but the exception is filled in only when the caller asks for it.
     ScriptedObject& failCallDeferred(int number, WORD errorNumber);
     /// The `number`-th lookup of a name from now fails with this code, whether or not the name is known.

@@ -5,44 +5,12 @@
 namespace vorla::test {
 namespace {
 
-struct MemoryContextKind {
-    using Handle = HDC;
-    static Handle invalid() { return nullptr; }
-    static void close(Handle handle) { DeleteDC(handle); }
-};
-using MemoryContext = UniqueHandle<MemoryContextKind>;
-
-struct BitmapKind {
-    using Handle = HBITMAP;
-    static Handle invalid() { return nullptr; }
-    static void close(Handle handle) { DeleteObject(handle); }
-};
-using Bitmap = UniqueHandle<BitmapKind>;
-
-class WindowContext {
-public:
-    explicit WindowContext(HWND window) : window_(window), context_(GetWindowDC(window)) {}
-    WindowContext(const WindowContext&) = delete;
-    WindowContext& operator=(const WindowContext&) = delete;
-    ~WindowContext() {
-        if (context_) ReleaseDC(window_, context_);
-    }
-
-    HDC get() const { return context_; }
-
-private:
-    const HWND window_;
-    const HDC context_;
-};
-
 bool copy(const WindowContext& from, HBITMAP bitmap, int width, int height) {
     const MemoryContext memory(CreateCompatibleDC(from.get()));
-    const auto before = SelectObject(memory.get(), bitmap);
-    // On some systems, printing a window by its message or by PrintWindow omits its controls and frame. The
-    // painted pixels are complete.
-    const bool done = before && BitBlt(memory.get(), 0, 0, width, height, from.get(), 0, 0, SRCCOPY);
-    SelectObject(memory.get(), before);
-    return done && GdiFlush();
+    const SelectedObject selected(memory.get(), bitmap);
+    // Printing a window, by its message or by PrintWindow, leaves its controls and its frame out on some
+    // systems; the pixels that it has painted are all there.
+    return selected && BitBlt(memory.get(), 0, 0, width, height, from.get(), 0, 0, SRCCOPY) && GdiFlush();
 }
 
 bool write(HANDLE file, const void* bytes, DWORD count) {
@@ -67,7 +35,7 @@ bool saveWindowPicture(HWND window, const std::wstring& file) {
     const auto bytesOfLine = (static_cast<DWORD>(width) * 3 + 3) / 4 * 4;
     form.bmiHeader.biSizeImage = bytesOfLine * static_cast<DWORD>(height);
 
-    const WindowContext screen(window);
+    const auto screen = WindowContext::ofWholeWindow(window);
     void* pixels = nullptr;
     const Bitmap bitmap(CreateDIBSection(screen.get(), &form, DIB_RGB_COLORS, &pixels, nullptr, 0));
     if (!bitmap || !copy(screen, bitmap.get(), width, height)) return false;

@@ -2,7 +2,7 @@
 
 #include "frame/contract/identifiers.h"
 #include "frame/values/bstr.h"
-#include "frame/values/unique_handle.h"
+#include "frame/values/com_pointer.h"
 #include "typelib/contract_types.h"
 #include "typelib/type_library_writer.h"
 
@@ -132,7 +132,7 @@ void checkMember(const Type& type, UINT index, const Publication& publication, s
     UINT count = 0;
     type->GetNames(member.id, raw, parameterLimit + 2, &count);
     std::vector<Bstr> names;
-    for (UINT i = 0; i < count; ++i) names.emplace_back(raw[i]);
+    for (UINT i = 0; i < count; ++i) names.push_back(Bstr::adopt(raw[i]));
     type.require(count != 0 && names[0].view() == member.name, "has a member of another name");
     for (std::size_t i = 0; i < parameters.size(); ++i) {
         checkDefault(type, parameters[i], description->lprgelemdescParam[i].paramdesc);

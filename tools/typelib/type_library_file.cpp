@@ -7,13 +7,6 @@
 namespace vorla::typelib {
 namespace {
 
-struct FileKind {
-    using Handle = HANDLE;
-    static Handle invalid() { return INVALID_HANDLE_VALUE; }
-    static void close(Handle handle) { CloseHandle(handle); }
-};
-using File = UniqueHandle<FileKind>;
-
 File open(const std::wstring& path, DWORD access, DWORD disposition) {
     File file(CreateFileW(path.c_str(), access, 0, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file) throw WriteError("cannot open the type library file");

@@ -7,7 +7,7 @@
 
 #include "frame/contract/identifiers.h"
 #include "frame/values/bstr.h"
-#include "frame/values/unique_handle.h"
+#include "frame/values/com_pointer.h"
 #include "typelib/contract_types.h"
 #include "typelib/type_library_check.h"
 #include "typelib/type_library_file.h"

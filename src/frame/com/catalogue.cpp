@@ -2,8 +2,8 @@
 
 #include <new>
 
-#include "frame/com/module.h"
 #include "frame/contract/identifiers.h"
+#include "frame/values/module.h"
 
 namespace vorla {
 namespace {

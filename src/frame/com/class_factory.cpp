@@ -4,16 +4,14 @@
 #include <new>
 
 #include "frame/com/instance.h"
-#include "frame/com/module.h"
+#include "frame/values/module.h"
 
 namespace vorla {
 namespace {
 
 class ClassFactory final : public IClassFactory {
 public:
-    explicit ClassFactory(const Publication& publication) noexcept : publication_(publication) {
-        module::addReference();
-    }
+    explicit ClassFactory(const Publication& publication) noexcept : publication_(publication) {}
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) noexcept override {
         if (!object) return E_POINTER;
@@ -57,8 +55,9 @@ public:
     }
 
 private:
-    ~ClassFactory() { module::release(); }
+    ~ClassFactory() = default;
 
+    const module::Reference module_;
     const Publication& publication_;
     std::atomic<ULONG> references_{1};
 };

@@ -263,12 +263,12 @@ template <>
 inline constexpr Described describedInterface<IFontDisp> = Described::font;
 
 template <class Interface>
-struct Crossing<HostReference<Interface>> {
+struct Crossing<ComPointer<Interface>> {
     using Raw = Interface*;
-    using Argument = crossing::ByValue<HostReference<Interface>, Raw>;
-    using Reference = crossing::InPlace<HostReference<Interface>, Raw>;
+    using Argument = crossing::ByValue<ComPointer<Interface>, Raw>;
+    using Reference = crossing::InPlace<ComPointer<Interface>, Raw>;
     static constexpr TypeUse type{VT_DISPATCH, false, describedInterface<Interface>};
-    static Raw give(HostReference<Interface> value) { return value.detach(); }
+    static Raw give(ComPointer<Interface> value) { return value.detach(); }
 };
 
 /// A type that the contract lists, with the number that identifies it.

@@ -5,8 +5,8 @@
 
 #include "frame/com/instance.h"
 #include "frame/contract/identifiers.h"
+#include "frame/values/com_pointer.h"
 #include "frame/values/conversions.h"
-#include "frame/values/unique_handle.h"
 
 namespace vorla::dispatch {
 
@@ -117,6 +117,8 @@ HRESULT explain(HRESULT failure, EXCEPINFO* exception) {
     if (GetErrorInfo(0, information.put()) == S_OK) {
         information->GetSource(&exception->bstrSource);
         information->GetDescription(&exception->bstrDescription);
+        information->GetHelpFile(&exception->bstrHelpFile);
+        information->GetHelpContext(&exception->dwHelpContext);
     }
     return DISP_E_EXCEPTION;
 }
@@ -137,7 +139,7 @@ HRESULT callForRecord(Instance* object, const Publication& publication, const Me
     }
     result.vt = VT_RECORD;
     result.pvRecord = made;
-    result.pRecInfo = record.release();
+    result.pRecInfo = record.detach();
     return answer;
 }
 

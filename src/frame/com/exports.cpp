@@ -5,8 +5,8 @@
 
 #include "frame/com/catalogue.h"
 #include "frame/com/class_factory.h"
-#include "frame/com/module.h"
 #include "frame/com/registration.h"
+#include "frame/values/module.h"
 #include "frame/values/per_thread.h"
 #include "frame/values/winapi.h"
 

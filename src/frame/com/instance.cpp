@@ -4,9 +4,8 @@
 
 #include "frame/com/dispatch.h"
 #include "frame/com/error_texts.h"
-#include "frame/com/module.h"
 #include "frame/host/error_object.h"
-#include "frame/values/runtime_error.h"
+#include "frame/values/reported_error.h"
 
 namespace vorla {
 namespace {
@@ -17,33 +16,37 @@ HRESULT withoutDescription(HRESULT failure) noexcept {
     return failure;
 }
 
-HRESULT describe(const Publication& publication, ErrorNumber number) noexcept {
-    const auto failure = static_cast<HRESULT>(0x800A0000u | static_cast<std::uint16_t>(number));
+// Leaves the description for the host and answers the code. What nobody has described is told under our own
+// name, in the words of the number.
+HRESULT describe(const Publication& publication, ErrorNumber number, HRESULT code,
+                 const ErrorReport& report) noexcept {
     try {
-        const auto source = Text(publication.library.name) + L"." + publication.name;
-        if (storeError(publication.interfaceId(), source, errorText(number))) return failure;
+        const auto ownName = Text(publication.library.name) + L"." + publication.name;
+        const auto source = report.source.view(), description = report.description.view();
+        if (storeError(publication.interfaceId(), {source.empty() ? TextView(ownName) : source,
+                                                   description.empty() ? errorText(number) : description,
+                                                   report.helpFile.view(), report.helpContext}))
+            return code;
     } catch (const std::bad_alloc&) {
         // The code has to do.
     }
-    return withoutDescription(failure);
+    return withoutDescription(code);
 }
 
 }  // namespace
 
 Instance::Instance(const Publication& publication) noexcept
-    : vtable_(publication.vtable), publication_(publication), errorSupport_(this), classDescription_(this) {
-    module::addReference();
-}
-
-Instance::~Instance() { module::release(); }
+    : vtable_(publication.vtable), publication_(publication), errorSupport_(this), classDescription_(this) {}
 
 HRESULT Instance::reportNullPointer() noexcept { return withoutDescription(E_POINTER); }
 
 HRESULT Instance::reportFailure() noexcept {
     try {
         throw;
+    } catch (const ReportedError& error) {
+        return describe(publication_, error.number(), error.code(), error.report());
     } catch (const RuntimeError& error) {
-        return describe(publication_, error.number());
+        return describe(publication_, error.number(), codeOf(error.number()), {});
     } catch (const std::bad_alloc&) {
         return withoutDescription(E_OUTOFMEMORY);
     } catch (...) {

@@ -5,13 +5,14 @@
 #include <utility>
 
 #include "frame/com/publication.h"
+#include "frame/values/module.h"
 #include "frame/values/winapi.h"
 
 namespace vorla {
 
 /// The dual interface's own layout: the vtable pointer comes first, and its first seven slots are the
 /// static functions below. Answers IUnknown, IDispatch, the dual interface, ISupportErrorInfo and
-/// IProvideClassInfo. An object counts toward the module for as long as it lives.
+/// IProvideClassInfo. An object keeps the module loaded for as long as it lives.
 class Instance {
 public:
     Instance(const Instance&) = delete;
@@ -48,7 +49,7 @@ public:
 
 protected:
     explicit Instance(const Publication& publication) noexcept;
-    ~Instance();
+    ~Instance() = default;
 
 private:
     // The rest of what the exception in flight says to the host.
@@ -81,6 +82,7 @@ private:
 
     const void* const* const vtable_;
     std::atomic<ULONG> references_{1};
+    const module::Reference module_;
     const Publication& publication_;
     ErrorSupport errorSupport_;
     ClassDescription classDescription_;

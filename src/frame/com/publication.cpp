@@ -1,7 +1,7 @@
 #include "frame/com/publication.h"
 
 #include "frame/contract/identifiers.h"
-#include "frame/values/unique_handle.h"
+#include "frame/values/com_pointer.h"
 
 namespace vorla {
 

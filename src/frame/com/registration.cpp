@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "frame/com/registry_tree.h"
+#include "frame/values/com_pointer.h"
 #include "frame/values/unique_handle.h"
 
 namespace vorla::registration {
@@ -40,7 +41,7 @@ Text programId(const Publication& publication) {
 }
 
 Text versionOf(const Library& library) {
-    return std::to_wstring(library.majorVersion) + L"." + std::to_wstring(library.minorVersion);
+    return inDigits(library.majorVersion) + L"." + inDigits(library.minorVersion);
 }
 
 void writeClass(const Publication& publication, const Text& server) {

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "frame/host/member_names.h"
+#include "frame/values/com_pointer.h"
 #include "frame/values/failure.h"
-#include "frame/values/unique_handle.h"
 
 namespace vorla {
 
@@ -27,10 +27,35 @@ HostObject objectIn(VariantView value) {
     if (!value.isObject()) throw RuntimeError(ErrorNumber::objectRequired);
     const auto unknown = value.raw().punkVal;
     if (!unknown) throw RuntimeError(ErrorNumber::objectNotSet);
-    ComPointer<IDispatch> dispatch;
-    if (FAILED(unknown->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(dispatch.put()))))
-        throw RuntimeError(ErrorNumber::propertyOrMethodNotSupported);
-    return HostObject(dispatch.get());
+    auto object = queried<IDispatch>(unknown);
+    if (!object) throw RuntimeError(ErrorNumber::propertyOrMethodNotSupported);
+    return object;
+}
+
+Variant BoundObject::run(DISPID member, WORD kind, std::span<Variant> reversed) {
+    const bool writes = (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
+    DISPID value = DISPID_PROPERTYPUT;
+    const DISPPARAMS parameters{reversed.empty() ? nullptr : reversed.front().put(),
+                                writes ? &value : nullptr, static_cast<UINT>(reversed.size()),
+                                writes ? 1u : 0u};
+    return invoked(object_.get(), member, kind, parameters);
+}
+
+DISPID BoundObject::id(Literal name) {
+    DISPID found = DISPID_UNKNOWN;
+    throwIfFailed(find(name, found));
+    return found;
+}
+
+// In a loop it is always the same pieces of the source that ask.
+HRESULT BoundObject::find(Literal name, DISPID& found) {
+    for (const Name& known : names_) {
+        if (known.name.isSame(name)) {
+            found = known.id;
+            return S_OK;
+        }
+    }
+    return findElsewhere(name, found);
 }
 
 HRESULT BoundObject::findElsewhere(Literal name, DISPID& found) {
@@ -54,7 +79,7 @@ bool BoundObject::knows(Literal name) {
 
 bool BoundObject::hasProperty(Literal name) {
     return endOnError(false, [&] {
-        run(id(name), DISPATCH_PROPERTYGET);
+        run(id(name), DISPATCH_PROPERTYGET, {});
         return true;
     });
 }

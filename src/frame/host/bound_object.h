@@ -3,6 +3,7 @@
 
 #include <array>
 #include <concepts>
+#include <span>
 #include <tuple>
 #include <type_traits>
 #include <utility>
@@ -31,7 +32,7 @@ private:
 inline Variant hostArgument(const ByReference& variable) { return variable.argument(); }
 Variant hostArgument(IDispatch* object);
 template <class Interface>
-Variant hostArgument(const HostReference<Interface>& object) {
+Variant hostArgument(const ComPointer<Interface>& object) {
     return hostArgument(static_cast<IDispatch*>(object.get()));
 }
 inline Variant hostArgument(const Variant& value) { return value; }
@@ -41,9 +42,10 @@ Variant hostArgument(const Characters& text) {
     return Variant(TextView(text));
 }
 template <class Scalar>
-requires(std::same_as<Scalar, bool> || std::same_as<Scalar, std::int16_t> ||
-         std::same_as<Scalar, std::int32_t> || std::same_as<Scalar, double> ||
-         std::same_as<Scalar, Currency> || std::same_as<Scalar, Date>) Variant hostArgument(Scalar value) {
+requires(std::same_as<Scalar, bool> || std::same_as<Scalar, std::uint8_t> ||
+         std::same_as<Scalar, std::int16_t> || std::same_as<Scalar, std::int32_t> ||
+         std::same_as<Scalar, float> || std::same_as<Scalar, double> || std::same_as<Scalar, Currency> ||
+         std::same_as<Scalar, Date>) Variant hostArgument(Scalar value) {
     return Variant(value);
 }
 template <class Enumeration>
@@ -81,23 +83,14 @@ public:
         return read(id(name), indices...);
     }
 
-    /// A property's value as a 32-bit or 16-bit integer, a double, a boolean, or text.
+    /// A property's value as a C++ value, by convertedTo().
     template <class Value, class... Indices>
     Value getAs(Literal name, const Indices&... indices) {
-        const auto value = get(name, indices...);
-        if constexpr (std::same_as<Value, std::int32_t>) {
-            return converted(value.view(), VT_I4).raw().lVal;
-        } else if constexpr (std::same_as<Value, std::int16_t>) {
-            return converted(value.view(), VT_I2).raw().iVal;
-        } else if constexpr (std::same_as<Value, double>) {
-            return converted(value.view(), VT_R8).raw().dblVal;
-        } else if constexpr (std::same_as<Value, bool>) {
-            return converted(value.view(), VT_BOOL).raw().boolVal != VARIANT_FALSE;
-        } else {
-            static_assert(std::same_as<Value, Text>, "read it with get() and convert it");
-            return Text(ValueText(value.view()).view());
-        }
+        return convertedTo<Value>(get(name, indices...).view());
     }
+
+    /// A property's value as a colour, by colourIn().
+    std::int32_t getColour(Literal name) { return colourIn(get(name).view()); }
 
     /// An object that a property refers to. Errors: 91 for Nothing, 424 for what is no object.
     template <class... Indices>
@@ -120,7 +113,8 @@ public:
     /// Calls a method. Its result is Empty when it has none.
     template <class... Arguments>
     Variant call(Literal name, const Arguments&... arguments) {
-        return run(id(name), DISPATCH_METHOD, arguments...);
+        auto given = reversed(arguments...);
+        return run(id(name), DISPATCH_METHOD, given);
     }
 
     /// The default property, of a collection the item.
@@ -139,47 +133,31 @@ private:
         DISPID id;
     };
 
+    // The arguments in Invoke's order, the last first. Each is made where the host reads it: in a long loop a
+    // copy more would show.
     template <class... Arguments>
-    Variant run(DISPID member, WORD kind, const Arguments&... arguments) {
-        return runReversed(member, kind, std::tie(arguments...), std::index_sequence_for<Arguments...>());
-    }
-    // Each argument is made where the host reads it: in a long loop a copy more would show.
-    template <class... Arguments, std::size_t... i>
-    Variant runReversed(DISPID member, WORD kind, const std::tuple<Arguments...>& arguments,
-                        std::index_sequence<i...>) {
-        constexpr auto count = sizeof...(i);
-        const bool writes = (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
-        std::array<Variant, count> reversed{hostArgument(std::get<count - 1 - i>(arguments))...};
-        DISPID value = DISPID_PROPERTYPUT;
-        const DISPPARAMS parameters{count > 0 ? reversed.data()->put() : nullptr, writes ? &value : nullptr,
-                                    UINT{count}, writes ? 1u : 0u};
-        return invoked(object_.get(), member, kind, parameters);
+    static std::array<Variant, sizeof...(Arguments)> reversed(const Arguments&... arguments) {
+        return [&]<std::size_t... i>(std::index_sequence<i...>) {
+            [[maybe_unused]] const auto all = std::tie(arguments...);
+            return std::array<Variant, sizeof...(i)>{hostArgument(std::get<sizeof...(i) - 1 - i>(all))...};
+        }
+        (std::index_sequence_for<Arguments...>());
     }
     template <class... Indices>
     Variant read(DISPID member, const Indices&... indices) {
-        return run(member, DISPATCH_PROPERTYGET | DISPATCH_METHOD, indices...);
+        auto arguments = reversed(indices...);
+        return run(member, DISPATCH_PROPERTYGET | DISPATCH_METHOD, arguments);
     }
     template <class... IndicesAndValue>
     void write(DISPID member, WORD kind, const IndicesAndValue&... indicesAndValue) {
         static_assert(sizeof...(IndicesAndValue) > 0, "a property is given something");
-        run(member, kind, indicesAndValue...);
+        auto arguments = reversed(indicesAndValue...);
+        run(member, kind, arguments);
     }
 
-    DISPID id(Literal name) {
-        DISPID found = DISPID_UNKNOWN;
-        throwIfFailed(find(name, found));
-        return found;
-    }
-    // In a loop it is always the same pieces of the source that ask.
-    HRESULT find(Literal name, DISPID& found) {
-        for (const Name& known : names_) {
-            if (known.name.isSame(name)) {
-                found = known.id;
-                return S_OK;
-            }
-        }
-        return findElsewhere(name, found);
-    }
+    Variant run(DISPID member, WORD kind, std::span<Variant> reversed);
+    DISPID id(Literal name);
+    HRESULT find(Literal name, DISPID& found);
     HRESULT findElsewhere(Literal name, DISPID& found);
 
     HostObject object_;

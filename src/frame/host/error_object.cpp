@@ -1,20 +1,19 @@
 #include "frame/host/error_object.h"
 
-#include "frame/values/unique_handle.h"
+#include "frame/values/com_pointer.h"
 
 namespace vorla {
 
-bool storeError(REFIID interfaceId, TextView source, TextView description, DWORD number) {
+bool storeError(REFIID interfaceId, const ErrorDescription& error) {
     ComPointer<ICreateErrorInfo> made;
     if (FAILED(CreateErrorInfo(made.put()))) return false;
     made->SetGUID(interfaceId);
-    made->SetSource(Text(source).data());
-    made->SetDescription(Text(description).data());
-    made->SetHelpContext(number);
-    ComPointer<IErrorInfo> information;
-    if (FAILED(made->QueryInterface(IID_IErrorInfo, reinterpret_cast<void**>(information.put()))))
-        return false;
-    return SUCCEEDED(SetErrorInfo(0, information.get()));
+    made->SetSource(Text(error.source).data());
+    made->SetDescription(Text(error.description).data());
+    if (!error.helpFile.empty()) made->SetHelpFile(Text(error.helpFile).data());
+    made->SetHelpContext(error.helpContext);
+    const auto information = made.query<IErrorInfo>();
+    return information && SUCCEEDED(SetErrorInfo(0, information.get()));
 }
 
 }  // namespace vorla

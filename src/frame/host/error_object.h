@@ -6,8 +6,15 @@
 
 namespace vorla {
 
-/// Stores a description in place of an older one. A number that is not the call's own result goes into the
-/// help context. Returns whether the system accepted it.
-bool storeError(REFIID interfaceId, TextView source, TextView description, DWORD number = 0);
+/// What an error object says. A number that is not the call's own result goes into the help context.
+struct ErrorDescription {
+    TextView source;
+    TextView description;
+    TextView helpFile = {};
+    DWORD helpContext = 0;
+};
+
+/// Stores a description in place of an older one. Returns whether the system accepted it.
+bool storeError(REFIID interfaceId, const ErrorDescription& error);
 
 }  // namespace vorla

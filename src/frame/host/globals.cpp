@@ -12,14 +12,8 @@ constexpr float twipsPerInch = 1440;
 // The longest path in Windows, with its NUL.
 constexpr DWORD longestPath = 32768;
 
-struct ScreenKind {
-    using Handle = HDC;
-    static Handle invalid() { return nullptr; }
-    static void close(Handle handle) { ReleaseDC(nullptr, handle); }
-};
-
 float twipsPerPixel(int dotsPerInch) {
-    const UniqueHandle<ScreenKind> screen(GetDC(nullptr));
+    const auto screen = WindowContext::ofClientArea(nullptr);
     const int dots = GetDeviceCaps(screen.get(), dotsPerInch);
     return twipsPerInch / static_cast<float>(dots > 0 ? dots : 96);
 }
@@ -58,10 +52,9 @@ HostPicture noPicture() {
     PICTDESC nothing{};
     nothing.cbSizeofstruct = sizeof nothing;
     nothing.picType = PICTYPE_NONE;
-    ComPointer<IPictureDisp> picture;
-    throwIfFailed(
-        OleCreatePictureIndirect(&nothing, IID_IPictureDisp, FALSE, reinterpret_cast<void**>(picture.put())));
-    return HostPicture(picture.get());
+    HostPicture picture;
+    throwIfFailed(OleCreatePictureIndirect(&nothing, IID_IPictureDisp, FALSE, picture.putVoid()));
+    return picture;
 }
 
 }  // namespace
@@ -113,11 +106,10 @@ HostPicture LoadPicture(TextView fileName) {
     // The loader also accepts web addresses. A name that is made absolute is always a file's.
     auto path = absolute(Text(fileName));
     if (!isFile(path)) throw RuntimeError(ErrorNumber::fileNotFound);
-    ComPointer<IPictureDisp> picture;
-    const auto answer = OleLoadPicturePath(path.data(), nullptr, 0, 0, IID_IPictureDisp,
-                                           reinterpret_cast<void**>(picture.put()));
+    HostPicture picture;
+    const auto answer = OleLoadPicturePath(path.data(), nullptr, 0, 0, IID_IPictureDisp, picture.putVoid());
     if (FAILED(answer) || !picture) throw RuntimeError(ErrorNumber::invalidPicture);
-    return HostPicture(picture.get());
+    return picture;
 }
 
 }  // namespace vorla

@@ -6,20 +6,19 @@ namespace vorla {
 namespace {
 
 ComPointer<IEnumVARIANT> enumeratorOf(const HostObject& collection) {
-    ComPointer<IEnumVARIANT> enumerator;
     Variant answer;
     try {
         answer = invoked(collection.get(), DISPID_NEWENUM, DISPATCH_METHOD | DISPATCH_PROPERTYGET, {});
     } catch (const RuntimeError& error) {
         // A collection without an enumerator is walked by number. Any other failure is the collection's own.
         if (error.number() != ErrorNumber::propertyOrMethodNotSupported) throw;
-        return enumerator;
+        return {};
     }
     const auto view = answer.view();
     if (!view.isObject() || !view.raw().punkVal)
         throw RuntimeError(ErrorNumber::propertyOrMethodNotSupported);
-    throwIfFailed(
-        view.raw().punkVal->QueryInterface(IID_IEnumVARIANT, reinterpret_cast<void**>(enumerator.put())));
+    auto enumerator = queried<IEnumVARIANT>(view.raw().punkVal);
+    if (!enumerator) throw RuntimeError(ErrorNumber::typeMismatch);
     return enumerator;
 }
 

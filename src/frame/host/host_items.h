@@ -2,7 +2,7 @@
 #pragma once
 
 #include "frame/host/bound_object.h"
-#include "frame/values/unique_handle.h"
+#include "frame/values/com_pointer.h"
 #include "frame/values/winapi.h"
 
 namespace vorla {

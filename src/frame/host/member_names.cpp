@@ -3,7 +3,7 @@
 #include <dispex.h>
 
 #include "frame/values/bstr.h"
-#include "frame/values/unique_handle.h"
+#include "frame/values/com_pointer.h"
 
 namespace vorla {
 
@@ -12,9 +12,8 @@ HRESULT findMember(IDispatch* object, const wchar_t* name, LCID locale, DISPID& 
     const auto answer = object->GetIDsOfNames(IID_NULL, &asked, 1, locale, &id);
     if (answer != E_NOTIMPL) return answer;
     // Wine's script host makes objects of a script's own classes that can be asked in this way only.
-    ComPointer<IDispatchEx> extended;
-    if (FAILED(object->QueryInterface(__uuidof(IDispatchEx), reinterpret_cast<void**>(extended.put()))))
-        return answer;
+    const auto extended = queried<IDispatchEx>(object);
+    if (!extended) return answer;
     return extended->GetDispID(Bstr(TextView(name)).get(), fdexNameCaseInsensitive, &id);
 }
 

@@ -1,7 +1,7 @@
 #include "frame/host/object_kinds.h"
 
 #include "frame/host/bound_object.h"
-#include "frame/values/unique_handle.h"
+#include "frame/values/com_pointer.h"
 
 namespace vorla {
 namespace {
@@ -13,11 +13,9 @@ Text nameOf(ITypeInfo& type) {
 }
 
 Text className(IDispatch& object) {
-    ComPointer<IProvideClassInfo> classInfo;
+    const auto classInfo = queried<IProvideClassInfo>(&object);
     ComPointer<ITypeInfo> type;
-    if (FAILED(object.QueryInterface(IID_IProvideClassInfo, reinterpret_cast<void**>(classInfo.put()))) ||
-        FAILED(classInfo->GetClassInfo(type.put())) || !type)
-        return {};
+    if (!classInfo || FAILED(classInfo->GetClassInfo(type.put())) || !type) return {};
     return nameOf(*type.get());
 }
 

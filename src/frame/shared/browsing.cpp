@@ -14,14 +14,7 @@
 namespace vorla {
 namespace {
 
-struct ItemKind {
-    using Handle = LPITEMIDLIST;
-    static Handle invalid() { return nullptr; }
-    static void close(Handle handle) { CoTaskMemFree(handle); }
-};
-using Item = UniqueHandle<ItemKind>;
-
-// The dialog is not told the length of its buffer; it writes up to this many characters.
+// As long as the dialog's own: it is given no length.
 using NameBuffer = std::array<char, MAX_PATH>;
 
 Text textOf(const NameBuffer& buffer) { return fromAnsiBuffer({buffer.data(), buffer.size()}); }
@@ -75,19 +68,19 @@ public:
         request_.ulFlags = folderFlags(choice);
         request_.lpfn = &onNotice;
         request_.lParam = reinterpret_cast<LPARAM>(&start);
-        const Item chosen(SHBrowseForFolderA(&request_));
+        const ShellItem chosen(SHBrowseForFolderA(&request_));
         NameBuffer path{};
         if (!chosen || !SHGetPathFromIDListA(chosen.get(), path.data())) return {};
         return textOf(path);
     }
 
     Text nameBelow(int specialFolder, UINT flags) {
-        Item root;
+        ShellItem root;
         if (FAILED(SHGetSpecialFolderLocation(request_.hwndOwner, specialFolder, root.put()))) return {};
         request_.pidlRoot = root.get();
         request_.ulFlags = flags;
-        const Item chosen(SHBrowseForFolderA(&request_));
-        // Some systems leave something in the name after the user cancels.
+        const ShellItem chosen(SHBrowseForFolderA(&request_));
+        // On a cancelled dialog some systems leave something in the name.
         return chosen ? textOf(name_) : Text();
     }
 

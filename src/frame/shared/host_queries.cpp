@@ -46,7 +46,7 @@ HostObject ObjetConteneur(const HostObject& Ctl) {
         // The scale mode itself is not needed. But old hosts rely on a container without a scale mode, or
         // with one that is not a number, giving Nothing.
         const auto mode = BoundObject(container).get(L"ScaleMode");
-        if (!mode.view().isNull()) converted(mode.view(), VT_R8);
+        if (!mode.view().isNull()) convertedTo<double>(mode.view());
         return container;
     });
 }

@@ -49,7 +49,7 @@ Text fromAnsiBuffer(std::string_view buffer) { return fromAnsi(buffer.substr(0, 
 Bstr bstrFromAnsi(std::string_view bytes) {
     if (bytes.empty()) return {};
     const auto length = toWide(bytes, nullptr, 0);
-    Bstr result(SysAllocStringLen(nullptr, static_cast<UINT>(length)));
+    auto result = Bstr::adopt(SysAllocStringLen(nullptr, static_cast<UINT>(length)));
     if (!result.get()) throw std::bad_alloc();
     toWide(bytes, result.get(), length);
     return result;

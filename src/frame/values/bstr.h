@@ -17,9 +17,10 @@ inline TextView viewOf(BSTR text) { return {text, SysStringLen(text)}; }
 class Bstr {
 public:
     Bstr() = default;
-    explicit Bstr(BSTR owned) noexcept : text_(owned) {}
-    explicit Bstr(TextView text) : Bstr(allocate(text.data(), text.size())) {}
-    explicit Bstr(const Joined& joined) : Bstr(allocate(nullptr, joined.length())) { joined.copyTo(text_); }
+    explicit Bstr(TextView text) : text_(allocate(text.data(), text.size())) {}
+    explicit Bstr(const Joined& joined) : text_(allocate(nullptr, joined.length())) { joined.copyTo(text_); }
+    // Whether to copy it or to own it is for the caller to say.
+    explicit Bstr(BSTR) = delete;
 
     Bstr(Bstr&& other) noexcept : text_(other.detach()) {}
     Bstr& operator=(Bstr&& other) noexcept {
@@ -29,6 +30,13 @@ public:
     ~Bstr() {
         // Most are empty by then: what they owned was handed on.
         if (text_) SysFreeString(text_);
+    }
+
+    /// Takes over a string that the caller owned.
+    static Bstr adopt(BSTR owned) noexcept {
+        Bstr result;
+        result.text_ = owned;
+        return result;
     }
 
     TextView view() const { return viewOf(text_); }

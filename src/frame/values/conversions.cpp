@@ -3,9 +3,9 @@
 #include <cmath>
 #include <new>
 
+#include "frame/values/com_pointer.h"
 #include "frame/values/invocation.h"
 #include "frame/values/leading_number.h"
-#include "frame/values/unique_handle.h"
 
 namespace vorla {
 
@@ -66,17 +66,61 @@ constexpr USHORT asHostsJoin = VARIANT_LOCALBOOL;
 
 }  // namespace
 
+namespace {
+
+// Hosts nest two or three: an item, its field, the field's value. An object that leads back to itself never
+// ends, and each object on the way is a call of the host.
+constexpr int mostObjects = 8;
+
 Variant defaultProperty(VariantView object) {
     if (!object.raw().punkVal) throw RuntimeError(ErrorNumber::objectNotSet);
-    ComPointer<IDispatch> dispatch;
-    if (FAILED(object.raw().punkVal->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(dispatch.put()))))
-        throw RuntimeError(ErrorNumber::propertyOrMethodNotSupported);
+    const auto dispatch = queried<IDispatch>(object.raw().punkVal);
+    if (!dispatch) throw RuntimeError(ErrorNumber::propertyOrMethodNotSupported);
     return invoked(dispatch.get(), DISPID_VALUE, DISPATCH_PROPERTYGET | DISPATCH_METHOD, {});
+}
+
+bool isDispatch(const VARIANT& value) { return value.vt == VT_DISPATCH && value.pdispVal; }
+
+// As the automation runtime asks on its own way to a value, but with an end. Whether there is one.
+bool readPlainValue(VariantView object, LCID locale, Variant& value) {
+    auto asked = ComPointer<IDispatch>(object.raw().pdispVal);
+    for (int objects = 0; objects < mostObjects; ++objects) {
+        DISPPARAMS none{};
+        value = Variant();
+        const auto answer = asked->Invoke(DISPID_VALUE, IID_NULL, locale, DISPATCH_PROPERTYGET, &none,
+                                          value.put(), nullptr, nullptr);
+        if (FAILED(answer)) return false;
+        if (!isDispatch(value.view().raw())) return true;
+        asked = value.view().raw().pdispVal;
+    }
+    return false;
+}
+
+}  // namespace
+
+HRESULT changeType(VARIANT& result, const VARIANT& source, LCID locale, USHORT flags, VARTYPE type) {
+    const VariantView given(source);
+    if (!isDispatch(given.raw()) || type == VT_DISPATCH || type == VT_UNKNOWN)
+        return VariantChangeTypeEx(&result, const_cast<VARIANT*>(&source), locale, flags, type);
+    Variant value;
+    return readPlainValue(given, locale, value)
+               ? VariantChangeTypeEx(&result, value.put(), locale, flags, type)
+               : DISP_E_TYPEMISMATCH;
+}
+
+Variant plainValue(VariantView value) {
+    if (!value.isObject()) return Variant(value);
+    auto result = defaultProperty(value);
+    for (int objects = 1; result.view().isObject(); ++objects) {
+        if (objects == mostObjects) throw RuntimeError(ErrorNumber::propertyOrMethodNotSupported);
+        result = defaultProperty(result.view());
+    }
+    return result;
 }
 
 Variant converted(VariantView value, VARTYPE type) {
     if (value.isNull()) throw RuntimeError(ErrorNumber::invalidUseOfNull);
-    if (value.isObject()) return converted(defaultProperty(value).view(), type);
+    if (value.isObject()) return converted(plainValue(value).view(), type);
     Variant result;
     throwIfFailed(changeType(*result.put(), value.raw(), LOCALE_USER_DEFAULT, 0, type));
     return result;
@@ -86,10 +130,10 @@ namespace {
 
 Bstr written(VariantView value, LCID locale, USHORT flags) {
     if (value.isNull()) throw RuntimeError(ErrorNumber::invalidUseOfNull);
-    if (value.isObject()) return written(defaultProperty(value).view(), locale, flags);
+    if (value.isObject()) return written(plainValue(value).view(), locale, flags);
     Variant text;
     throwIfFailed(changeType(*text.put(), value.raw(), locale, flags, VT_BSTR));
-    return Bstr(text.detach().bstrVal);
+    return Bstr::adopt(text.detach().bstrVal);
 }
 
 Text withCase(TextView text, DWORD mapping) {
@@ -102,6 +146,50 @@ Text withCase(TextView text, DWORD mapping) {
 }
 
 }  // namespace
+
+template <>
+bool convertedTo(VariantView value) {
+    return converted(value, VT_BOOL).raw().boolVal != VARIANT_FALSE;
+}
+template <>
+std::uint8_t convertedTo(VariantView value) {
+    return converted(value, VT_UI1).raw().bVal;
+}
+template <>
+std::int16_t convertedTo(VariantView value) {
+    return converted(value, VT_I2).raw().iVal;
+}
+template <>
+std::int32_t convertedTo(VariantView value) {
+    return converted(value, VT_I4).raw().lVal;
+}
+template <>
+float convertedTo(VariantView value) {
+    return converted(value, VT_R4).raw().fltVal;
+}
+template <>
+double convertedTo(VariantView value) {
+    return converted(value, VT_R8).raw().dblVal;
+}
+template <>
+Currency convertedTo(VariantView value) {
+    return {converted(value, VT_CY).raw().cyVal.int64};
+}
+template <>
+Date convertedTo(VariantView value) {
+    return {converted(value, VT_DATE).raw().date};
+}
+template <>
+Text convertedTo(VariantView value) {
+    return Text(ValueText(value).view());
+}
+
+std::int32_t colourIn(VariantView value) {
+    // A double holds every number of 32 bits, with a sign or without.
+    const double number = std::nearbyint(convertedTo<double>(value));
+    if (!(number >= INT32_MIN && number <= UINT32_MAX)) throw RuntimeError(ErrorNumber::overflow);
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(static_cast<std::int64_t>(number)));
+}
 
 TextView ValueText::write(const VariantView& value) {
     written_ = written(value, LOCALE_USER_DEFAULT, asHostsJoin);

@@ -16,11 +16,12 @@ std::size_t sizeOfValue(VARTYPE type) noexcept;
 /// The run-time number that a failure code stands for; 440, automation error, for one that has none.
 std::uint16_t errorNumberOf(HRESULT failure) noexcept;
 
-/// The automation runtime's conversion and copy. They leave their source alone, which their
-/// declarations do not say.
-inline HRESULT changeType(VARIANT& result, const VARIANT& source, LCID locale, USHORT flags, VARTYPE type) {
-    return VariantChangeTypeEx(&result, const_cast<VARIANT*>(&source), locale, flags, type);
-}
+/// The automation runtime's conversion; an object by its default property, through as many objects as
+/// plainValue(). One that leads to no value is a type mismatch. The source is left alone unless it is the
+/// result.
+HRESULT changeType(VARIANT& result, const VARIANT& source, LCID locale, USHORT flags, VARTYPE type);
+
+/// The automation runtime's copy. It leaves its source alone, which its declaration does not say.
 inline HRESULT copyValue(VARIANT& result, const VARIANT& source) {
     return VariantCopyInd(&result, const_cast<VARIANT*>(&source));
 }
@@ -33,14 +34,42 @@ inline void throwIfFailed(HRESULT result) {
     if (FAILED(result)) throwFailure(result);
 }
 
-/// What an object stands for where a value is wanted. Errors: 91 for Nothing, 438 for an object without a
-/// default property, or the object's own number.
-Variant defaultProperty(VariantView object);
+/// What an object stands for where a value is wanted: its default property, and where that is an object, that
+/// one's. Any other value is itself. Errors: 91 for Nothing, 438 for an object without a default property and
+/// for one that leads through more than eight objects, or the object's own number.
+Variant plainValue(VariantView value);
 
 /// A value as one of the given type, an object by its default property; by the user's locale. Doubles
 /// become integers by rounding to nearest, ties to even. Errors: 94 for Null, 13 for what cannot be
 /// converted, 6 for what does not fit.
 Variant converted(VariantView value, VARTYPE type);
+
+/// The same as a C++ value: a boolean, an integer of 8 bits without a sign or of 16 or 32 bits with one, a
+/// float, a double, a Currency, a Date, or a Text.
+template <class Value>
+Value convertedTo(VariantView value) = delete;
+template <>
+bool convertedTo(VariantView value);
+template <>
+std::uint8_t convertedTo(VariantView value);
+template <>
+std::int16_t convertedTo(VariantView value);
+template <>
+std::int32_t convertedTo(VariantView value);
+template <>
+float convertedTo(VariantView value);
+template <>
+double convertedTo(VariantView value);
+template <>
+Currency convertedTo(VariantView value);
+template <>
+Date convertedTo(VariantView value);
+template <>
+Text convertedTo(VariantView value);
+
+/// A colour of the host as the 32 bits that it is, whether the host counts it with a sign or without:
+/// 0x8000000F and -2147483633 are the same one. Errors: 6 for what has more bits, and as converted().
+std::int32_t colourIn(VariantView value);
 
 /// A value as text, for as long as the value and this object live: a string is viewed where it lies,
 /// anything else is written out once. Locale: the user's, for numbers, dates and booleans alike.

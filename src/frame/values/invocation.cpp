@@ -1,16 +1,41 @@
 #include "frame/values/invocation.h"
 
 #include "frame/values/conversions.h"
+#include "frame/values/reported_error.h"
 
 namespace vorla {
+namespace {
 
-void throwReported(HRESULT failure, EXCEPINFO& report) {
+// Throws the failed call's RuntimeError, or std::bad_alloc; the texts of the object's report have an owner.
+[[noreturn]] void throwReported(HRESULT failure, EXCEPINFO& exception) {
     const bool hasReport = failure == DISP_E_EXCEPTION;
-    if (hasReport && report.pfnDeferredFillIn) report.pfnDeferredFillIn(&report);
-    const Bstr texts[] = {Bstr(report.bstrSource), Bstr(report.bstrDescription), Bstr(report.bstrHelpFile)};
-    if (hasReport && report.wCode != 0) throw RuntimeError(report.wCode);
-    if (hasReport) throwIfFailed(report.scode);
-    throwFailure(failure);
+    if (hasReport && exception.pfnDeferredFillIn) exception.pfnDeferredFillIn(&exception);
+    ErrorReport report{Bstr::adopt(exception.bstrSource), Bstr::adopt(exception.bstrDescription),
+                       Bstr::adopt(exception.bstrHelpFile), exception.dwHelpContext};
+    if (!hasReport) throwFailure(failure);
+    if (exception.wCode == 0 && exception.scode == E_OUTOFMEMORY) throwFailure(E_OUTOFMEMORY);
+
+    const auto number = exception.wCode != 0 ? exception.wCode : errorNumberOf(exception.scode);
+    const bool isDescribed = !report.description.view().empty();
+    if (!isDescribed && report.source.view().empty()) throw RuntimeError(number);
+    // A code that is no run-time number tells a user nothing, unless the object explains it.
+    const bool keepsCode = isDescribed && exception.wCode == 0 && FAILED(exception.scode);
+    throw ReportedError(number, keepsCode ? exception.scode : codeOf(static_cast<ErrorNumber>(number)),
+                        std::move(report));
+}
+
+}  // namespace
+
+Variant invoked(IDispatch* object, DISPID id, WORD kind, const DISPPARAMS& arguments, LCID locale) {
+    if (!object) throw RuntimeError(ErrorNumber::objectNotSet);
+    Variant result;
+    EXCEPINFO exception{};
+    const bool writes = (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
+    // Nobody writes to the list of arguments, which its declaration does not say.
+    const auto answer = object->Invoke(id, IID_NULL, locale, kind, const_cast<DISPPARAMS*>(&arguments),
+                                       writes ? nullptr : result.put(), &exception, nullptr);
+    if (FAILED(answer)) throwReported(answer, exception);
+    return result;
 }
 
 }  // namespace vorla

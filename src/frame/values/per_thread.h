@@ -2,6 +2,10 @@
 //
 // A `thread_local` with a destructor cannot be used: the compiler's runtime then keeps the module loaded
 // until every thread that touched it has ended, so hosts could never unload it.
+//
+// A state holds memory, numbers and texts, and nothing that calls out when it ends: no COM object, window,
+// library, thread or foreign lock. It may end while Windows loads or unloads modules, which Windows does
+// under a lock of its own: a call out could wait for ever or reach a module that is gone.
 #pragma once
 
 #include <memory>

@@ -1,5 +1,6 @@
 // Failures as the standard run-time errors. A RuntimeError that leaves a member reaches the host as the
-// automation error 0x800A0000 + number.
+// automation error 0x800A0000 + number. Errors that a host object raised and described are in
+// reported_error.h.
 #pragma once
 
 #include <cstddef>
@@ -39,6 +40,11 @@ private:
 };
 
 /// A length that a caller gave as a 16-bit integer. Error 5 when it is negative.
+constexpr std::int32_t codeOf(ErrorNumber number) noexcept {
+    return static_cast<std::int32_t>(0x800A0000u | static_cast<std::uint16_t>(number));
+}
+
+/// A length that a caller gave as a 16-bit integer. Negative: error 5.
 constexpr std::size_t checkedLength(std::int16_t length) {
     if (length < 0) throw RuntimeError(ErrorNumber::invalidProcedureCall);
     return static_cast<std::size_t>(length);

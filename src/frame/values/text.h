@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -15,6 +16,12 @@ constexpr TextView trimmed(TextView text) {
     const auto first = text.find_first_not_of(L' ');
     if (first == TextView::npos) return {};
     return text.substr(first, text.find_last_not_of(L' ') - first + 1);
+}
+
+/// A whole number in digits, "-" before a negative one's. (std::to_wstring would bring all of printf along.)
+inline Text inDigits(std::int32_t number) {
+    const auto digits = std::to_string(number);
+    return Text(digits.begin(), digits.end());
 }
 
 }  // namespace vorla

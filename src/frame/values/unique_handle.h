@@ -1,4 +1,5 @@
-// Owners for what Windows hands out: one line per kind, closer and invalid value.
+// Owners for what Windows hands out: one line per kind, with the value that is no handle and the function
+// that ends it. What takes two values has a class of its own below. COM objects: com_pointer.h.
 #pragma once
 
 #include <utility>
@@ -37,41 +38,76 @@ private:
     Handle handle_ = Kind::invalid();
 };
 
-namespace handle_kinds {
+// An owner's name, the type of the handle, the value that is none, and what ends it.
+#define VORLA_HANDLE(Owner, Type, none, closer)              \
+    struct Owner##Kind {                                     \
+        using Handle = Type;                                 \
+        static Handle invalid() { return none; }             \
+        static void close(Handle handle) { closer(handle); } \
+    };                                                       \
+    using Owner = UniqueHandle<Owner##Kind>
 
-struct RegistryKey {
-    using Handle = HKEY;
-    static Handle invalid() { return nullptr; }
-    static void close(Handle handle) { RegCloseKey(handle); }
+// clang-format off
+VORLA_HANDLE(RegistryKey,   HKEY,         nullptr,              RegCloseKey);
+VORLA_HANDLE(File,          HANDLE,       INVALID_HANDLE_VALUE, CloseHandle);
+VORLA_HANDLE(FileSearch,    HANDLE,       INVALID_HANDLE_VALUE, FindClose);
+VORLA_HANDLE(KernelObject,  HANDLE,       nullptr,              CloseHandle);  // a process, thread or event
+VORLA_HANDLE(Desktop,       HDESK,        nullptr,              CloseDesktop);
+VORLA_HANDLE(ShellItem,     LPITEMIDLIST, nullptr,              CoTaskMemFree);
+VORLA_HANDLE(LoadedModule,  HMODULE,      nullptr,              FreeLibrary);
+VORLA_HANDLE(GlobalBlock,   HGLOBAL,      nullptr,              GlobalFree);
+VORLA_HANDLE(OpenMixer,     HMIXER,       nullptr,              mixerClose);
+VORLA_HANDLE(Icon,          HICON,        nullptr,              DestroyIcon);
+VORLA_HANDLE(Bitmap,        HBITMAP,      nullptr,              DeleteObject);
+VORLA_HANDLE(Font,          HFONT,        nullptr,              DeleteObject);
+VORLA_HANDLE(Brush,         HBRUSH,       nullptr,              DeleteObject);
+VORLA_HANDLE(Pen,           HPEN,         nullptr,              DeleteObject);
+VORLA_HANDLE(Region,        HRGN,         nullptr,              DeleteObject);
+VORLA_HANDLE(Palette,       HPALETTE,     nullptr,              DeleteObject);
+VORLA_HANDLE(MemoryContext, HDC,          nullptr,              DeleteDC);
+// clang-format on
+#undef VORLA_HANDLE
+
+/// The device context of a window, or of the screen for no window.
+class WindowContext {
+public:
+    static WindowContext ofClientArea(HWND window) noexcept { return {window, GetDC(window)}; }
+    static WindowContext ofWholeWindow(HWND window) noexcept { return {window, GetWindowDC(window)}; }
+
+    WindowContext(const WindowContext&) = delete;
+    WindowContext& operator=(const WindowContext&) = delete;
+    ~WindowContext() {
+        if (context_) ReleaseDC(window_, context_);
+    }
+
+    HDC get() const { return context_; }
+    explicit operator bool() const { return context_ != nullptr; }
+
+private:
+    WindowContext(HWND window, HDC context) noexcept : window_(window), context_(context) {}
+
+    const HWND window_;
+    const HDC context_;
 };
 
-struct File {
-    using Handle = HANDLE;
-    static Handle invalid() { return INVALID_HANDLE_VALUE; }
-    static void close(Handle handle) { CloseHandle(handle); }
+/// A bitmap, font, brush or pen selected into a context, and the one before it put back in the end. Stands
+/// behind both, so that it goes first: neither a selected object nor its context can be deleted.
+class SelectedObject {
+public:
+    SelectedObject(HDC context, HGDIOBJ object) noexcept
+        : context_(context), before_(SelectObject(context, object)) {}
+    SelectedObject(const SelectedObject&) = delete;
+    SelectedObject& operator=(const SelectedObject&) = delete;
+    ~SelectedObject() {
+        if (before_) SelectObject(context_, before_);
+    }
+
+    /// Whether the object could be selected.
+    explicit operator bool() const { return before_ != nullptr; }
+
+private:
+    const HDC context_;
+    const HGDIOBJ before_;
 };
-
-struct FileSearch {
-    using Handle = HANDLE;
-    static Handle invalid() { return INVALID_HANDLE_VALUE; }
-    static void close(Handle handle) { FindClose(handle); }
-};
-
-}  // namespace handle_kinds
-
-using RegistryKey = UniqueHandle<handle_kinds::RegistryKey>;
-using File = UniqueHandle<handle_kinds::File>;
-using FileSearch = UniqueHandle<handle_kinds::FileSearch>;
-
-/// Owns one reference to a COM object.
-template <class Interface>
-struct ComReferenceKind {
-    using Handle = Interface*;
-    static Handle invalid() { return nullptr; }
-    static void close(Handle handle) { handle->Release(); }
-};
-
-template <class Interface>
-using ComPointer = UniqueHandle<ComReferenceKind<Interface>>;
 
 }  // namespace vorla

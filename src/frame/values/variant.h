@@ -45,8 +45,10 @@ public:
     Variant(Boolean value) noexcept : Variant(Type{VT_BOOL}) {
         value_.boolVal = value ? VARIANT_TRUE : VARIANT_FALSE;
     }
+    Variant(std::uint8_t value) noexcept : Variant(Type{VT_UI1}) { value_.bVal = value; }
     Variant(std::int16_t value) noexcept : Variant(Type{VT_I2}) { value_.iVal = value; }
     Variant(std::int32_t value) noexcept : Variant(Type{VT_I4}) { value_.lVal = value; }
+    Variant(float value) noexcept : Variant(Type{VT_R4}) { value_.fltVal = value; }
     Variant(double value) noexcept : Variant(Type{VT_R8}) { value_.dblVal = value; }
     Variant(Currency value) noexcept : Variant(Type{VT_CY}) { value_.cyVal.int64 = value.scaled; }
     Variant(Date value) noexcept : Variant(Type{VT_DATE}) { value_.date = value.days; }

@@ -7,6 +7,7 @@
 #include <ocidl.h>
 #include <olectl.h>
 #include <shellapi.h>
+#include <shtypes.h>
 #include <windows.h>
 
 #undef CharToOem

@@ -86,8 +86,8 @@ HostObject Form::find(VariantView key) {
     const auto elements = elementsOf(name);
     if (elements.empty()) throw RuntimeError(controlNotFound);
     if (!static_cast<Control*>(elements[0].get())->index()) return elements[0];
-    const HostReference<Form> self(this);
-    ComPointer<Collection> array(new Collection(
+    const ComPointer<Form> self(this);
+    auto array = ComPointer<Collection>::adopt(new Collection(
         L"ControlArray", name, record(), [self, name] { return self.get()->elementsOf(name); },
         [self, name](VariantView index) {
             const auto wanted = fromHost<std::int16_t>(index);
@@ -99,8 +99,8 @@ HostObject Form::find(VariantView key) {
 }
 
 HostObject Form::controlsCollection() const {
-    const HostReference<Form> self(const_cast<Form*>(this));
-    ComPointer<Collection> collection(new Collection(
+    const ComPointer<Form> self(const_cast<Form*>(this));
+    auto collection = ComPointer<Collection>::adopt(new Collection(
         L"Controls", name() + L".Controls", record(), [self] { return self.get()->controlObjects(); },
         [self](VariantView key) { return self.get()->find(key); }));
     return HostObject(collection.get());

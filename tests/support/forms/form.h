@@ -33,7 +33,7 @@ public:
     template <class Kind>
     Kind& add(const Design& design) {
         auto* const made = new Kind(*this, design);
-        controls_.emplace_back(made);
+        controls_.push_back(ComPointer<Control>::adopt(made));
         return *made;
     }
 

@@ -9,7 +9,7 @@ Host::~Host() {
 }
 
 Form& Host::load(const wchar_t* name, const FormDesign& design) {
-    forms_.emplace_back(new Form(*this, name, design));
+    forms_.push_back(ComPointer<Form>::adopt(new Form(*this, name, design)));
     return *forms_.back().get();
 }
 
@@ -25,7 +25,7 @@ std::vector<HostObject> Host::formObjects() const {
 }
 
 HostObject Host::forms() {
-    ComPointer<Collection> collection(new Collection(
+    auto collection = ComPointer<Collection>::adopt(new Collection(
         L"Forms", L"Forms", record_, [this] { return formObjects(); },
         [this](VariantView number) { return Collection::at(formObjects(), number); }));
     return HostObject(collection.get());

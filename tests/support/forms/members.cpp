@@ -6,13 +6,6 @@
 
 namespace vorla::forms {
 
-Variant toHost(float value) {
-    Variant single;
-    single.put()->vt = VT_R4;
-    single.put()->fltVal = value;
-    return single;
-}
-
 Variant toHost(IDispatch* value) { return hostArgument(value); }
 
 void* interfaceIn(VariantView value, REFIID id) {

@@ -23,10 +23,9 @@ Variant toHost(const Value& value) {
     return Variant(value);
 }
 inline Variant toHost(const Text& value) { return Variant(TextView(value)); }
-Variant toHost(float value);
 Variant toHost(IDispatch* value);
 template <class Interface>
-Variant toHost(const HostReference<Interface>& value) {
+Variant toHost(const ComPointer<Interface>& value) {
     return toHost(static_cast<IDispatch*>(value.get()));
 }
 
@@ -37,27 +36,17 @@ void* interfaceIn(VariantView value, REFIID id);
 template <class Value>
 struct FromHost;
 template <class Interface>
-struct FromHost<HostReference<Interface>> {
-    static HostReference<Interface> of(VariantView value) {
-        HostReference<Interface> object(static_cast<Interface*>(interfaceIn(value, __uuidof(Interface))));
-        if (object) object.get()->Release();  // the reference that QueryInterface added
-        return object;
+struct FromHost<ComPointer<Interface>> {
+    static ComPointer<Interface> of(VariantView value) {
+        return ComPointer<Interface>::adopt(static_cast<Interface*>(interfaceIn(value, __uuidof(Interface))));
     }
 };
 
 /// A value from the caller as the property's C++ type. Errors as in conversions: 13, 94, 6.
 template <class Value>
 Value fromHost(VariantView value) {
-    if constexpr (std::same_as<Value, bool>) {
-        return converted(value, VT_BOOL).raw().boolVal != VARIANT_FALSE;
-    } else if constexpr (std::same_as<Value, std::int16_t>) {
-        return converted(value, VT_I2).raw().iVal;
-    } else if constexpr (std::same_as<Value, std::int32_t>) {
-        return converted(value, VT_I4).raw().lVal;
-    } else if constexpr (std::same_as<Value, float>) {
-        return converted(value, VT_R4).raw().fltVal;
-    } else if constexpr (std::same_as<Value, Text>) {
-        return Text(ValueText(value).view());
+    if constexpr (requires { convertedTo<Value>(value); }) {
+        return convertedTo<Value>(value);
     } else {
         return FromHost<Value>::of(value);
     }

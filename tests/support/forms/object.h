@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "frame/host/bound_object.h"
-#include "frame/values/unique_handle.h"
+#include "frame/values/com_pointer.h"
 #include "frame/values/winapi.h"
 #include "support/forms/errors.h"
 #include "support/forms/members.h"

@@ -56,7 +56,8 @@ private:
     ULONG references_ = 1;
 };
 
-FontWatch::FontWatch(const HostFont& font, Listener& listener) : sink_(new Sink(listener)) {
+FontWatch::FontWatch(const HostFont& font, Listener& listener)
+    : sink_(ComPointer<Sink>::adopt(new Sink(listener))) {
     ComPointer<IConnectionPointContainer> container;
     throwIfFailed(
         font.get()->QueryInterface(IID_IConnectionPointContainer, reinterpret_cast<void**>(container.put())));

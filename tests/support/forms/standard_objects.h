@@ -2,8 +2,8 @@
 #pragma once
 
 #include "frame/host/host_reference.h"
+#include "frame/values/com_pointer.h"
 #include "frame/values/text.h"
-#include "frame/values/unique_handle.h"
 #include "frame/values/winapi.h"
 
 namespace vorla::forms {

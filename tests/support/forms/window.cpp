@@ -122,7 +122,7 @@ void Window::setText(const Text& text) {
 }
 
 void Window::setBackColor(std::int32_t colour) {
-    UniqueHandle<BrushKind> brush(CreateSolidBrush(translated(colour)));
+    Brush brush(CreateSolidBrush(translated(colour)));
     brush_ = std::move(brush);
     backColor_ = colour;
     refresh();

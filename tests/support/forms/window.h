@@ -5,18 +5,13 @@
 #include <memory>
 #include <string>
 
+#include "frame/values/unique_handle.h"
 #include "frame/values/winapi.h"
 #include "support/forms/object.h"
 #include "support/forms/scale.h"
 #include "support/forms/standard_objects.h"
 
 namespace vorla::forms {
-
-struct BrushKind {
-    using Handle = HBRUSH;
-    static Handle invalid() { return nullptr; }
-    static void close(Handle handle) { DeleteObject(handle); }
-};
 
 /// System colours as hosts write them: the top bit and the number.
 inline constexpr std::int32_t systemColour(int number) {
@@ -117,7 +112,7 @@ private:
     const Look look_;
     HWND window_ = nullptr;
     std::int32_t backColor_, foreColor_;
-    UniqueHandle<BrushKind> brush_;
+    Brush brush_;
     HostFont font_;
     std::unique_ptr<FontWatch> watch_;
     HostPicture picture_;

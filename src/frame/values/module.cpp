@@ -1,4 +1,4 @@
-#include "frame/com/module.h"
+#include "frame/values/module.h"
 
 #include <atomic>
 
