@@ -2,6 +2,8 @@
 
 #include <atomic>
 
+#include "frame/values/unique_handle.h"
+
 // The linker's own symbol: where the module that holds this code was loaded.
 extern "C" IMAGE_DOS_HEADER __ImageBase;
 
@@ -10,13 +12,39 @@ namespace {
 
 std::atomic<long> references{0};
 
+// Owned by whoever takes it out, so that no thread can release what another is about to use.
+std::atomic<ITypeLib*> heldLibrary{nullptr};
+
+void letLibraryGo() noexcept { const ComPointer<ITypeLib> last(heldLibrary.exchange(nullptr)); }
+
 // The longest path that Windows knows, with its terminator.
 constexpr std::size_t longestPath = 32768;
 
 }  // namespace
 
 void addReference() noexcept { ++references; }
-void release() noexcept { --references; }
+
+void release() noexcept {
+    // Before the count says that this code may be unloaded; behind it only when two threads go at once.
+    if (references == 1) letLibraryGo();
+    if (--references == 0) letLibraryGo();
+}
+
+HRESULT typeLibrary(HRESULT (*load)(ITypeLib**), ITypeLib** library) noexcept {
+    // A thread that finds it taken out loads it again, which costs time and nothing else: the system hands
+    // out one object for both, to any apartment.
+    ComPointer<ITypeLib> taken(heldLibrary.exchange(nullptr));
+    if (!taken) {
+        const auto loaded = load(taken.put());
+        if (FAILED(loaded)) return loaded;
+    }
+    taken->AddRef();
+    *library = taken.get();
+    ITypeLib* none = nullptr;
+    if (heldLibrary.compare_exchange_strong(none, taken.get())) taken.release();
+    return S_OK;
+}
+
 bool canUnload() noexcept { return references == 0; }
 
 Text path() {

@@ -1,5 +1,6 @@
 #include "frame/com/publication.h"
 
+#include "frame/com/module.h"
 #include "frame/contract/identifiers.h"
 #include "frame/values/unique_handle.h"
 
@@ -25,7 +26,7 @@ const Member* Publication::find(TextView sought) const {
 
 HRESULT Library::describe(REFGUID type, ITypeInfo** description) const {
     ComPointer<ITypeLib> typeLibrary;
-    const auto loaded = load(typeLibrary.put());
+    const auto loaded = module::typeLibrary(load, typeLibrary.put());
     return FAILED(loaded) ? loaded : typeLibrary->GetTypeInfoOfGuid(type, description);
 }
 
