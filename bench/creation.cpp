@@ -1,4 +1,4 @@
-// An object from its class factory and back, against a class of the system's own.
+// An object from its class factory and back, and its description, against a class of the system's own.
 #include "frame/com/catalogue.h"
 #include "subjects.h"
 
@@ -7,6 +7,8 @@ namespace {
 
 // How many references are left: none.
 ULONG createAndRelease(IClassFactory* factory) { return create(factory).release()->Release(); }
+
+bool describes(IDispatch* object) { return descriptionOf(object).get() != nullptr; }
 
 }  // namespace
 
@@ -20,6 +22,11 @@ void measureCreation(Bench& bench, const Component& component) {
     bench.compare(
         "VorlaChaine made and released", 1.0, [&] { return createAndRelease(ours.get()); },
         "Scripting.Dictionary", [&] { return createAndRelease(peer.get()); });
+
+    const auto object = create(ours.get()), other = create(peer.get());
+    bench.compare(
+        "GetTypeInfo of a VorlaChaine", 2.0, [&] { return describes(object.get()); }, "Scripting.Dictionary",
+        [&] { return describes(other.get()); });
 }
 
 }  // namespace vorla::bench

@@ -3,9 +3,9 @@
 //
 // The host overwrites a text before it lets it go, so that a member that still looks there is found out.
 #include <algorithm>
-#include <functional>
 
 #include "frame/specimen_fixture.h"
+#include "support/asked_object.h"
 #include "support/memory_count.h"
 #include "support/scripted_object.h"
 
@@ -238,27 +238,10 @@ TEST_F(HeldArguments, aVariableThatIsLeftAloneKeepsItsType) {
     EXPECT_EQ(describe(Variant(2.5).raw()), describe(kept.raw()));
 }
 
-// An object whose default property, 12, runs the host's code.
-class Asked final : public ScriptedObject {
-public:
-    explicit Asked(std::function<void()> code)
-        : ScriptedObject(Variant(std::int32_t{12})), code_(std::move(code)) {}
-
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID reserved, LCID locale, WORD kind,
-                                     DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
-                                     UINT* badArgument) override {
-        code_();
-        return ScriptedObject::Invoke(id, reserved, locale, kind, parameters, result, exception, badArgument);
-    }
-
-private:
-    std::function<void()> code_;
-};
-
 // A default property that is asked for one argument assigns to the variable of another.
 TEST_F(HeldArguments, aDefaultPropertyThatChangesAnotherArgument) {
     Variant variable = text(given);
-    Asked host([&] { assign(variable, text(L"neuf")); });
+    AskedObject host(std::int32_t{12}, [&] { assign(variable, text(L"neuf")); });
     for (const auto* member : {L"TexteEtNombre", L"TexteRefEtNombre", L"VariableEtNombre"}) {
         variable = text(given);
         expectResult(call(member, {byReference(variable), object(&host)}), text(std::wstring(given) + L"12"),
@@ -271,7 +254,7 @@ TEST_F(HeldArguments, aDefaultPropertyThatChangesAnotherArgument) {
 TEST_F(HeldArguments, aDefaultPropertyThatLetsItsObjectGo) {
     Variant variable;
     long during = 0;
-    Asked host([&] {
+    AskedObject host(std::int32_t{12}, [&] {
         variable = Variant();
         during = host.references();
     });

@@ -138,8 +138,8 @@ Text Specimen::TexteRefEtNombre(const Text& Texte, std::int32_t Nombre) {
     return TexteEtNombre(Texte, Nombre);
 }
 
-Text Specimen::VariableEtNombre(const Variant& Texte, std::int32_t Nombre) {
-    return TexteEtNombre(ValueText(Texte.view()).view(), Nombre);
+Text Specimen::VariableEtNombre(VariantView Texte, std::int32_t Nombre) {
+    return TexteEtNombre(ValueText(Texte).view(), Nombre);
 }
 
 Variant Specimen::VariableOuErreur(std::int32_t& Numéro) {

@@ -96,7 +96,7 @@ public:
     // Two arguments, of which the second may be asked for its default property. The first is viewed.
     Text TexteEtNombre(TextView Texte, std::int32_t Nombre);
     Text TexteRefEtNombre(const Text& Texte, std::int32_t Nombre);
-    Text VariableEtNombre(const Variant& Texte, std::int32_t Nombre);
+    Text VariableEtNombre(VariantView Texte, std::int32_t Nombre);
     // By reference, and a result.
     Variant VariableOuErreur(std::int32_t& Numéro);
     records::Rect CadreOuErreur(std::int32_t Numéro);
