@@ -1,5 +1,6 @@
-// An object from its class factory and back, and its description, against a class of the system's own.
+// An object from its class factory and back against a class of the system's own, and its description.
 #include "frame/com/catalogue.h"
+#include "frame/contract/identifiers.h"
 #include "subjects.h"
 
 namespace vorla::bench {
@@ -23,10 +24,20 @@ void measureCreation(Bench& bench, const Component& component) {
         "VorlaChaine made and released", 1.0, [&] { return createAndRelease(ours.get()); },
         "Scripting.Dictionary", [&] { return createAndRelease(peer.get()); });
 
-    const auto object = create(ours.get()), other = create(peer.get());
+    const auto object = create(ours.get());
+    const auto description = descriptionOf(object.get());
+    ComPointer<ITypeLib> library;
+    UINT index;
+    demand(description->GetContainingTypeLib(library.put(), &index));
+    const auto id = identifier(static_cast<std::uint16_t>(numbers::interfaces));
     bench.compare(
-        "GetTypeInfo of a VorlaChaine", 2.0, [&] { return describes(object.get()); }, "Scripting.Dictionary",
-        [&] { return describes(other.get()); });
+        "GetTypeInfo of a VorlaChaine", 2.0, [&] { return describes(object.get()); },
+        "GetTypeInfoOfGuid, library loaded",
+        [&] {
+            Description found;
+            demand(library->GetTypeInfoOfGuid(id, found.put()));
+            return found.get() != nullptr;
+        });
 }
 
 }  // namespace vorla::bench

@@ -174,8 +174,12 @@ TEST_F(Numérique, anAmountIsWhatWasGiven) {
         Variant variable;
         AskedObject host(text(L"  "), [&] { variable = short16(7); });
         variable = vorla::test::object(&host);
-        // Unchanged, so it is the object itself that comes back.
-        expectResult(call(member, {byReference(variable)}), vorla::test::object(&host), narrow(member));
+        {
+            // Unchanged, so it is the object itself that comes back.
+            const auto outcome = call(member, {byReference(variable)});
+            expectResult(outcome, vorla::test::object(&host), narrow(member));
+            EXPECT_FALSE(host.isGone()) << narrow(member);
+        }
         EXPECT_EQ(describe(short16(7).raw()), describe(variable.raw())) << narrow(member);
         EXPECT_EQ(0, host.references()) << narrow(member);
     }

@@ -20,8 +20,18 @@ public:
         return ScriptedObject::Invoke(id, reserved, locale, kind, parameters, result, exception, badArgument);
     }
 
+    ULONG STDMETHODCALLTYPE Release() override {
+        const auto left = ScriptedObject::Release();
+        if (left == 0) isGone_ = true;
+        return left;
+    }
+
+    /// Whether nobody has held it, if only for a moment: a real object would be destroyed.
+    bool isGone() const { return isGone_; }
+
 private:
     std::function<void()> code_;
+    bool isGone_ = false;
 };
 
 }  // namespace vorla::test
