@@ -433,7 +433,10 @@ TEST_F(SpecimenTest, unknownNamesAndSeveralAtOnce) {
     EXPECT_EQ(DISPID_UNKNOWN, ids[1]);
     LPOLESTR empty = const_cast<LPOLESTR>(L"");
     EXPECT_EQ(DISP_E_UNKNOWNNAME, specimen->GetIDsOfNames(IID_NULL, &empty, 1, 0, ids));
+    ids[0] = ids[1] = -77;
     EXPECT_EQ(DISP_E_UNKNOWNINTERFACE, specimen->GetIDsOfNames(IID_IDispatch, names, 1, 0, ids));
+    EXPECT_EQ(DISPID_UNKNOWN, ids[0]);
+    EXPECT_EQ(-77, ids[1]);
     EXPECT_EQ(E_POINTER, specimen->GetIDsOfNames(IID_NULL, nullptr, 1, 0, ids));
     EXPECT_EQ(E_POINTER, specimen->GetIDsOfNames(IID_NULL, names, 1, 0, nullptr));
     EXPECT_EQ(E_INVALIDARG, specimen->GetIDsOfNames(IID_NULL, names, 0, 0, ids));
