@@ -1,12 +1,16 @@
-// Creating and releasing an object through its class factory, compared with a class of the system's.
+// Creating and releasing an object through its class factory, compared with a class of the system's; and
+// asking it for its description.
 #include "frame/com/catalogue.h"
+#include "frame/contract/identifiers.h"
 #include "subjects.h"
 
 namespace vorla::bench {
 namespace {
 
 // Returns the number of references left, which is 0.
-ULONG createAndRelease(IClassFactory* factory) { return create(factory).release()->Release(); }
+ULONG createAndRelease(IClassFactory* factory) { return create(factory).detach()->Release(); }
+
+bool describes(IDispatch* object) { return descriptionOf(object).get() != nullptr; }
 
 }  // namespace
 
@@ -20,6 +24,21 @@ void measureCreation(Bench& bench, const Component& component) {
     bench.compare(
         "VorlaChaine made and released", 1.0, [&] { return createAndRelease(ours.get()); },
         "Scripting.Dictionary", [&] { return createAndRelease(peer.get()); });
+
+    const auto object = create(ours.get());
+    const auto description = descriptionOf(object.get());
+    ComPointer<ITypeLib> library;
+    UINT index;
+    demand(description->GetContainingTypeLib(library.put(), &index));
+    const auto id = identifier(static_cast<std::uint16_t>(numbers::interfaces));
+    bench.compare(
+        "GetTypeInfo of a VorlaChaine", 2.0, [&] { return describes(object.get()); },
+        "GetTypeInfoOfGuid, library loaded",
+        [&] {
+            Description found;
+            demand(library->GetTypeInfoOfGuid(id, found.put()));
+            return found.get() != nullptr;
+        });
 }
 
 }  // namespace vorla::bench

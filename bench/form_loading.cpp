@@ -6,6 +6,7 @@
 
 #include "frame/com/catalogue.h"
 #include "frame/values/ansi.h"
+#include "frame/values/unique_handle.h"
 #include "subjects.h"
 
 namespace vorla::bench {

@@ -4,6 +4,7 @@
 
 #include "frame/com/catalogue.h"
 #include "frame/com/instance.h"
+#include "frame/contract/identifiers.h"
 #include "frame/specimen.h"
 #include "subjects.h"
 
@@ -155,12 +156,46 @@ void compareWholeCall(Bench& bench, IDispatch* object) {
         });
 }
 
+// The system cannot return records, so the peer makes one from a description that it has at hand.
+void compareRecord(Bench& bench, IDispatch* object) {
+    const auto description = descriptionOf(object);
+    ComPointer<ITypeLib> library;
+    UINT index;
+    demand(description->GetContainingTypeLib(library.put(), &index));
+    Arguments arguments{std::int32_t{10}};
+    const auto id = idByObject(object, L"Cadre");
+    const auto freed = [](IRecordInfo* record, void* made) {
+        const auto left = static_cast<records::Rect*>(made)->Left;
+        record->RecordDestroy(made);
+        record->Release();
+        return left;
+    };
+    bench.compare(
+        "Invoke, a record as result", 2.0,
+        [&] {
+            VARIANT result{};
+            invokeByObject(object, id, arguments, result);
+            return freed(result.pRecInfo, result.pvRecord);
+        },
+        "its record made by hand",
+        [&] {
+            Description type;
+            IRecordInfo* record;
+            demand(library->GetTypeInfoOfGuid(identifier(contractNumber<records::Rect>), type.put()));
+            demand(GetRecordInfoFromTypeInfo(type.get(), &record));
+            void* const made = record->RecordCreate();
+            static_cast<records::Rect*>(made)->Left = 10;
+            return freed(record, made);
+        });
+}
+
 }  // namespace
 
 void measureLateBinding(Bench& bench, const Component& component) {
     const auto& publication = publicationOf(Of<test::Specimen>());
     const auto specimen = Dispatch::adopt(reinterpret_cast<IDispatch*>(publication.create(publication)));
     compareNumberGivenBack(bench, specimen.get());
+    compareRecord(bench, specimen.get());
 
     const auto text = create(component.factory(classEntry<VorlaChaine>.number).get());
     compareNumber(bench, "Invoke, Occurrence of a short text", text.get(), L"Occurrence",

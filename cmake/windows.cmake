@@ -12,6 +12,7 @@ add_link_options(-static -Wl,--gc-sections)
 
 add_library(vorla_frame OBJECT
     src/frame/com/class_factory.cpp
+    src/frame/com/crossing.cpp
     src/frame/com/dispatch.cpp
     src/frame/com/error_texts.cpp
     src/frame/com/instance.cpp

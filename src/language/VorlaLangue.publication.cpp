@@ -5,29 +5,43 @@
 
 namespace vorla {
 
-PUBLISH(VorlaLangue, DATA_MEMBER(ThemedBackColorApply), DATA_MEMBER(ThemedBackColor),
-        DATA_MEMBER(ThemedTabBackColor), DATA_MEMBER(ThemedBackColorDef), DATA_MEMBER(ThemedOldColor),
-        PROPERTY_GET(lngMesNull, lngMesNull), PROPERTY_GET(LngSeparator, LngSeparator),
-        PROPERTY_GET(LngDefStatus, LngDefStatus), PROPERTY_GET(LngExtension, LngExtension),
-        PROPERTY_GET(LngExtensionStatus, LngExtensionStatus), PROPERTY_GET(iniLngSys, iniLngSys),
-        PROPERTY_GET(strMesConst, strMesConst), PROPERTY_GET(lngDefaulltLanguage, lngDefaulltLanguage),
-        PROPERTY_GET(PathOfLang, PathOfLang), PROPERTY_GET(LngGetFileName, LngGetFileName),
-        PROPERTY_GET(LngGetFileNameStatus, LngGetFileNameStatus),
-        PROPERTY_GET(LngFolder, LngFolder, optional(L"TypeRep", eFileN::efRépertoire)),
-        METHOD(LngSetFileName, L"AppPath", L"Code"), METHOD(LngSetLanguage, L"Language"),
-        METHOD(LngGetPresent, L"TypeRetour", optional(L"Lst")), METHOD(StringEscape, L"strMsg"),
-        METHOD(StringUnEscape, L"strMsg"),
-        RESERVED_SLOT,  // the routine behind every read
-        METHOD(LoadMsgLng, L"strMsgId", optional(L"SuppressEt", false), optional(L"String_1"),
+// clang-format off
+PUBLISH(VorlaLangue,
+        DATA_MEMBER(0, ThemedBackColorApply),
+        DATA_MEMBER(2, ThemedBackColor),
+        DATA_MEMBER(4, ThemedTabBackColor),
+        DATA_MEMBER(6, ThemedBackColorDef),
+        DATA_MEMBER(8, ThemedOldColor),
+        PROPERTY_GET(10, lngMesNull, lngMesNull),
+        PROPERTY_GET(11, LngSeparator, LngSeparator),
+        PROPERTY_GET(12, LngDefStatus, LngDefStatus),
+        PROPERTY_GET(13, LngExtension, LngExtension),
+        PROPERTY_GET(14, LngExtensionStatus, LngExtensionStatus),
+        PROPERTY_GET(15, iniLngSys, iniLngSys),
+        PROPERTY_GET(16, strMesConst, strMesConst),
+        PROPERTY_GET(17, lngDefaulltLanguage, lngDefaulltLanguage),
+        PROPERTY_GET(18, PathOfLang, PathOfLang),
+        PROPERTY_GET(19, LngGetFileName, LngGetFileName),
+        PROPERTY_GET(20, LngGetFileNameStatus, LngGetFileNameStatus),
+        PROPERTY_GET(21, LngFolder, LngFolder, optional(L"TypeRep", eFileN::efRépertoire)),
+        METHOD(22, LngSetFileName, L"AppPath", L"Code"),
+        METHOD(23, LngSetLanguage, L"Language"),
+        METHOD(24, LngGetPresent, L"TypeRetour", optional(L"Lst")),
+        METHOD(25, StringEscape, L"strMsg"),
+        METHOD(26, StringUnEscape, L"strMsg"),
+        RESERVED_SLOT(27),  // the routine behind every read
+        METHOD(28, LoadMsgLng, L"strMsgId", optional(L"SuppressEt", false), optional(L"String_1"),
                optional(L"String_2"), optional(L"String_3"), optional(L"String_4")),
-        METHOD(LoadCtlLng, L"strFormName", L"strCtlName", L"CtlProperty", optional(L"CtlIndex", -1),
+        METHOD(29, LoadCtlLng, L"strFormName", L"strCtlName", L"CtlProperty", optional(L"CtlIndex", -1),
                optional(L"SuppressEt", false), optional(L"String_1"), optional(L"String_2"),
                optional(L"String_3"), optional(L"String_4")),
-        METHOD(LngSaveMsg, L"strMsgId", L"strMsg"),
-        METHOD(LngPrepareMotCle, L"Ctl", L"CtlIndex", L"Propriete"),
-        METHOD(LngSpecialInfos, L"SpecialInfos", optional(L"KeyReturn", false)),
-        METHOD(LngFormLoad, L"Frm", L"lblTest", optional(L"OnlyBackColor", false),
+        METHOD(30, LngSaveMsg, L"strMsgId", L"strMsg"),
+        METHOD(31, LngPrepareMotCle, L"Ctl", L"CtlIndex", L"Propriete"),
+        METHOD(32, LngSpecialInfos, L"SpecialInfos", optional(L"KeyReturn", false)),
+        METHOD(33, LngFormLoad, L"Frm", L"lblTest", optional(L"OnlyBackColor", false),
                optional(L"NoChangeBackColor", false), optional(L"FrmSubstitute", L"")),
-        METHOD(LngFormSave, L"Frm", L"NewLanguageName"), METHOD(LngRedimCtl, L"Ctl", L"lblTest", L"Texte"))
+        METHOD(34, LngFormSave, L"Frm", L"NewLanguageName"),
+        METHOD(35, LngRedimCtl, L"Ctl", L"lblTest", L"Texte"))
+// clang-format on
 
 }  // namespace vorla

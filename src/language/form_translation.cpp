@@ -135,7 +135,7 @@ void loadControl(BoundObject& control, BoundObject& label, TextView section, con
         const auto rule = colouringOf(tagOf(control), hasWindowColour(type));
         if (rule == Colouring::tab) control.put(L"BackColor", wanted.theme.tabBack);
         if (rule != Colouring::themed) return;
-        if (const auto themed = themedColour(wanted.theme, colour(present.view())))
+        if (const auto themed = themedColour(wanted.theme, colourIn(present.view())))
             control.put(L"BackColor", *themed);
     });
 }

@@ -6,23 +6,32 @@
 namespace vorla {
 
 // A row's place is its member's identifier and slot: new members go behind the last one.
-PUBLISH(VorlaFichier, METHOD(NormalisePath, L"Path"), METHOD(DeNormalisePath, L"Path"),
-        METHOD(ExtraitChemin, L"Chemin", optional(L"RenvoieNomFic", eFileN::efRépertoire)),
-        METHOD(FileNameShortToLong, L"FileName"), METHOD(FileNameLongToShort, L"FileName"),
-        METHOD(LectDat, L"FileName"),
-        METHOD(FileExist, L"FileName", optional(L"TypeFile", eFileToTest::eftFile)),
-        METHOD(IsFileExist, L"FileName", optional(L"TypeFile", eFileToTest::eftFile)),
-        METHOD(FileType, L"FileName"), METHOD(FileSize, L"NomFichier", optional(L"Short", false)),
-        METHOD(SizeToString, L"FileSise", optional(L"Short", false)),
-        METHOD(GetFolder, L"Title", optional(L"InitDir"), optional(L"AllowCreateFolder", true),
+// clang-format off
+PUBLISH(VorlaFichier,
+        METHOD(0, NormalisePath, L"Path"),
+        METHOD(1, DeNormalisePath, L"Path"),
+        METHOD(2, ExtraitChemin, L"Chemin", optional(L"RenvoieNomFic", eFileN::efRépertoire)),
+        METHOD(3, FileNameShortToLong, L"FileName"),
+        METHOD(4, FileNameLongToShort, L"FileName"),
+        METHOD(5, LectDat, L"FileName"),
+        METHOD(6, FileExist, L"FileName", optional(L"TypeFile", eFileToTest::eftFile)),
+        METHOD(7, IsFileExist, L"FileName", optional(L"TypeFile", eFileToTest::eftFile)),
+        METHOD(8, FileType, L"FileName"),
+        METHOD(9, FileSize, L"NomFichier", optional(L"Short", false)),
+        METHOD(10, SizeToString, L"FileSise", optional(L"Short", false)),
+        METHOD(11, GetFolder, L"Title", optional(L"InitDir"), optional(L"AllowCreateFolder", true),
                optional(L"BrowseForFilesAndFolder", false)),
-        METHOD(GetComputer, L"Title"), METHOD(GetPrinter, L"Title"),
-        METHOD(CreateFolder, L"Folder", optional(L"MsgBoxCtl"), optional(L"Mes", L""),
+        METHOD(12, GetComputer, L"Title"),
+        METHOD(13, GetPrinter, L"Title"),
+        METHOD(14, CreateFolder, L"Folder", optional(L"MsgBoxCtl"), optional(L"Mes", L""),
                optional(L"hwndOwner", -1)),
-        PROPERTY_GET(FileDate, readFileDate, L"FileName", L"DateType"),
-        PROPERTY_LET(FileDate, writeFileDate, L"FileName", L"DateType"), METHOD(DeleteFile, L"NomFichier"),
-        METHOD(RenameFile, L"NomFichierSrc", L"NomFichierDest"),
-        METHOD(GetTempFileName, optional(L"sPrefix")), METHOD(IsFieldEpmty, L"Valeur"),
-        METHOD(CDEjectLoad, L"Action", L"Lecteur"))
+        PROPERTY_GET(15, FileDate, readFileDate, L"FileName", L"DateType"),
+        PROPERTY_LET(16, FileDate, writeFileDate, L"FileName", L"DateType"),
+        METHOD(17, DeleteFile, L"NomFichier"),
+        METHOD(18, RenameFile, L"NomFichierSrc", L"NomFichierDest"),
+        METHOD(19, GetTempFileName, optional(L"sPrefix")),
+        METHOD(20, IsFieldEpmty, L"Valeur"),
+        METHOD(21, CDEjectLoad, L"Action", L"Lecteur"))
+// clang-format on
 
 }  // namespace vorla

@@ -5,13 +5,21 @@
 
 namespace vorla {
 
-PUBLISH(VorlaRegistre, METHOD(RegIsFullAccessRight, L"Cle"), METHOD(RegCreerNouvelleCle, L"Cle"),
-        METHOD(RegSupprimeCle, L"Cle"), METHOD(RegLireCles, L"Cle", L"Coll"),
-        METHOD(RegLireValeurs, L"Cle", L"Coll"),
-        METHOD(RegEcritValeur, L"Cle", L"NomValeur", L"Valeur", L"TypeValeur",
+// clang-format off
+PUBLISH(VorlaRegistre,
+        METHOD(0, RegIsFullAccessRight, L"Cle"),
+        METHOD(1, RegCreerNouvelleCle, L"Cle"),
+        METHOD(2, RegSupprimeCle, L"Cle"),
+        METHOD(3, RegLireCles, L"Cle", L"Coll"),
+        METHOD(4, RegLireValeurs, L"Cle", L"Coll"),
+        METHOD(5, RegEcritValeur, L"Cle", L"NomValeur", L"Valeur", L"TypeValeur",
                optional(L"CreateKeyIfNotExist", true)),
-        METHOD(RegExisteValeur, L"Cle", L"NomValeur"), METHOD(RegExisteClé, L"Cle"),
-        METHOD(RegEffaceValeur, L"Cle", L"NomValeur"), METHOD(RegLitValeur, L"Cle", L"NomValeur"),
-        PROPERTY_GET(RegClePrimaire, root), PROPERTY_LET(RegClePrimaire, setRoot))
+        METHOD(6, RegExisteValeur, L"Cle", L"NomValeur"),
+        METHOD(7, RegExisteClé, L"Cle"),
+        METHOD(8, RegEffaceValeur, L"Cle", L"NomValeur"),
+        METHOD(9, RegLitValeur, L"Cle", L"NomValeur"),
+        PROPERTY_GET(10, RegClePrimaire, root),
+        PROPERTY_LET(11, RegClePrimaire, setRoot))
+// clang-format on
 
 }  // namespace vorla

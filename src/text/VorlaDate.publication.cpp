@@ -5,9 +5,12 @@
 
 namespace vorla {
 
-PUBLISH(VorlaDate, METHOD(DateAMJtoJMA, L"Dat", optional(L"Separateur", true)),
-        METHOD(DateJMAtoAMJ, L"Dat", optional(L"Separateur", false)),
-        METHOD(Invd, L"Dat", optional(L"JMA", true)),
-        METHOD(DateEnTexte, L"Dt", optional(L"UseSystemDate", true)))
+// clang-format off
+PUBLISH(VorlaDate,
+        METHOD(0, DateAMJtoJMA, L"Dat", optional(L"Separateur", true)),
+        METHOD(1, DateJMAtoAMJ, L"Dat", optional(L"Separateur", false)),
+        METHOD(2, Invd, L"Dat", optional(L"JMA", true)),
+        METHOD(3, DateEnTexte, L"Dt", optional(L"UseSystemDate", true)))
+// clang-format on
 
 }  // namespace vorla

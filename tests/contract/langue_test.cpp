@@ -1,6 +1,9 @@
 // VorlaLangue with real language files: the language in use, lookups, and writing.
+#include <algorithm>
+
 #include "contract/langue_fixture.h"
 #include "contract/signatures.h"
+#include "support/asked_object.h"
 #include "support/scripted_object.h"
 
 namespace vorla::test {
@@ -186,6 +189,21 @@ TEST_F(Langue, messagesComeFromTheLanguageThenFromTheDefault) {
     EXPECT_EQ(marker, textOf(L"LoadMsgLng", {text(L"both")}));
     EXPECT_EQ(DISP_E_BADPARAMCOUNT, call(L"LoadMsgLng").code);
     EXPECT_EQ(DISP_E_TYPEMISMATCH, call(L"LoadMsgLng", {nullValue()}).code);
+}
+
+// The first value's default property assigns to the variable of the second.
+TEST_F(Langue, valuesAreWhatWasGiven) {
+    languageFile(L"FRA", L"[Messages]\r\nm=%%1 et %%2\r\n");
+    select(L"FRA");
+    Variant variable = text(L"une valeur assez longue");
+    AskedObject first(text(L"un"), [&] {
+        std::fill_n(variable.raw().bstrVal, SysStringLen(variable.raw().bstrVal), L'#');
+        variable = text(L"neuf");
+    });
+    EXPECT_EQ(L"un et une valeur assez longue",
+              textOf(L"LoadMsgLng", {text(L"m"), false, object(&first), byReference(variable)}));
+    EXPECT_EQ(L"neuf", viewOf(variable.raw().bstrVal));
+    EXPECT_EQ(0, first.references());
 }
 
 TEST_F(Langue, valuesTakeTheirPlaces) {

@@ -3,6 +3,8 @@
 #include <set>
 
 #include "contract/component.h"
+#include "support/import_patch.h"
+#include "support/memory_count.h"
 #include "support/resource_count.h"
 
 namespace vorla::test {
@@ -222,6 +224,107 @@ TEST(Module, loadingAndUnloadingKeepsNothingOpen) {
     const auto before = Resources::held();
     loadAndUnload(50);
     EXPECT_EQ(before, Resources::held());
+}
+
+// Loading the library takes as long as a hundred thousand calls.
+TEST(Module, keepsItsTypeLibraryUntilTheLastReference) {
+    const Component component;
+    const Intercept<decltype(LoadTypeLibEx)> loads(component.module(), "oleaut32.dll", "LoadTypeLibEx");
+    const auto describe = [](IDispatch* object) {
+        ComPointer<ITypeInfo> description;
+        EXPECT_EQ(S_OK, object->GetTypeInfo(0, 0, description.put()));
+        return description;
+    };
+    {
+        const auto first = component.create(0), second = component.create(8);
+        EXPECT_EQ(0, loads.calls());
+        for (int i = 0; i < 100; ++i) {
+            describe(first.get());
+            describe(second.get());
+        }
+        ComPointer<IProvideClassInfo> provider;
+        ASSERT_EQ(S_OK,
+                  first->QueryInterface(IID_IProvideClassInfo, reinterpret_cast<void**>(provider.put())));
+        ComPointer<ITypeInfo> description;
+        EXPECT_EQ(S_OK, provider->GetClassInfo(description.put()));
+    }
+    EXPECT_EQ(1, loads.calls());
+    EXPECT_EQ(S_OK, component.canUnloadNow());
+    const auto once = [&] { describe(component.create(0).get()); };
+    once();
+    EXPECT_EQ(2, loads.calls());
+    // A lock or a factory keeps it too.
+    const auto factory = component.factory(0);
+    once();
+    once();
+    EXPECT_EQ(3, loads.calls());
+}
+
+TEST(Module, leavesNothingOfItsTypeLibrary) {
+    const Component component;
+    const auto once = [&] {
+        ComPointer<ITypeInfo> description;
+        EXPECT_EQ(S_OK, component.create(0)->GetTypeInfo(0, 0, description.put()));
+    };
+    for (int i = 0; i < 5; ++i) once();
+    const auto before = Resources::held();
+    const MemoryCount count;
+    for (int i = 0; i < 20; ++i) once();
+    EXPECT_EQ(0, count.live());
+    EXPECT_EQ(before, Resources::held());
+}
+
+// A type browser keeps a description for longer than any object.
+TEST(Module, descriptionsOutliveTheModule) {
+    ComPointer<ITypeInfo> description;
+    {
+        const Component component;
+        ASSERT_EQ(S_OK, component.create(0)->GetTypeInfo(0, 0, description.put()));
+        EXPECT_EQ(S_OK, component.canUnloadNow());
+    }
+    ASSERT_EQ(nullptr, GetModuleHandleW(L"Vorla6.dll"));
+    Bstr name;
+    EXPECT_EQ(S_OK, description->GetDocumentation(0x60030000, name.put(), nullptr, nullptr, nullptr));
+    EXPECT_EQ(L"CBR", name.view());
+}
+
+struct Describing {
+    const Component* component;
+    DWORD apartment;
+    LONG failures = 0;
+};
+
+// The library comes and goes all the time, as these threads have no object in common.
+DWORD WINAPI describeOnceMore(void* parameter) {
+    auto& work = *static_cast<Describing*>(parameter);
+    if (FAILED(CoInitializeEx(nullptr, work.apartment))) return 1;
+    for (int i = 0; i < 100; ++i) {
+        const auto object = work.component->create(static_cast<std::uint16_t>(i % classCount));
+        ComPointer<ITypeInfo> description;
+        Bstr name;
+        if (object->GetTypeInfo(0, 0, description.put()) != S_OK ||
+            description->GetDocumentation(MEMBERID_NIL, name.put(), nullptr, nullptr, nullptr) != S_OK ||
+            name.view().substr(1) != classNames[i % classCount])
+            ++work.failures;
+    }
+    CoUninitialize();
+    return 0;
+}
+
+TEST(Module, describesItselfOnSeveralThreads) {
+    const Component component;
+    Describing works[] = {{&component, COINIT_APARTMENTTHREADED},
+                          {&component, COINIT_MULTITHREADED},
+                          {&component, COINIT_APARTMENTTHREADED}};
+    HANDLE threads[3];
+    for (int i = 0; i < 3; ++i)
+        threads[i] = CreateThread(nullptr, 0, &describeOnceMore, &works[i], 0, nullptr);
+    EXPECT_EQ(WAIT_OBJECT_0, WaitForMultipleObjects(3, threads, TRUE, 60'000));
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(0, works[i].failures);
+        CloseHandle(threads[i]);
+    }
+    EXPECT_EQ(S_OK, component.canUnloadNow());
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <random>
 
 #include "contract/component.h"
+#include "support/asked_object.h"
 #include "support/dialog_watcher.h"
 #include "support/memory_count.h"
 #include "support/number_settings.h"
@@ -165,6 +166,23 @@ TEST_F(Numérique, storedAmountsHaveAPoint) {
     };
     for (const Row& row : rows)
         expectResult(call(L"NumFrmtEnr", {row.value}), row.expected, describe(row.value.raw()));
+}
+
+// The amount's own default property assigns to the variable that the amount came in.
+TEST_F(Numérique, anAmountIsWhatWasGiven) {
+    for (const auto* member : {L"NumFrmtEnr", L"NumFrmtSys"}) {
+        Variant variable;
+        AskedObject host(text(L"  "), [&] { variable = short16(7); });
+        variable = vorla::test::object(&host);
+        {
+            // Unchanged, so it is the object itself that comes back.
+            const auto outcome = call(member, {byReference(variable)});
+            expectResult(outcome, vorla::test::object(&host), narrow(member));
+            EXPECT_FALSE(host.isGone()) << narrow(member);
+        }
+        EXPECT_EQ(describe(short16(7).raw()), describe(variable.raw())) << narrow(member);
+        EXPECT_EQ(0, host.references()) << narrow(member);
+    }
 }
 
 TEST_F(Numérique, theSignIsTheUsersOwnAtEachCall) {

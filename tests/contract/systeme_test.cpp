@@ -107,6 +107,7 @@ TEST_F(Systeme, membersAnswerThroughTheVtable) {
     EXPECT_EQ(S_OK, reinterpret_cast<ToWord*>(slots[first + 24])(object.get(), &whole, &word));
     EXPECT_EQ(-1, word);
     EXPECT_EQ(E_POINTER, reinterpret_cast<ToWord*>(slots[first + 24])(object.get(), nullptr, &word));
+    EXPECT_EQ(0, word);
     BSTR name = nullptr;
     using GetText = HRESULT STDMETHODCALLTYPE(IDispatch*, BSTR*);
     EXPECT_EQ(S_OK, reinterpret_cast<GetText*>(slots[first + 15])(object.get(), &name));

@@ -3,6 +3,8 @@
 #include "frame/specimen_fixture.h"
 #include "frame/values/conversions.h"
 #include "frame/values/winapi.h"
+#include "support/import_patch.h"
+#include "support/memory_count.h"
 #include "support/scripted_object.h"
 
 namespace vorla::test {
@@ -12,6 +14,15 @@ Variant ofType(VARTYPE type, double value) {
     Variant result(value);
     throwIfFailed(changeType(*result.put(), result.raw(), 0x0409, 0, type));
     return result;
+}
+
+ComPointer<IErrorInfo> olderFailure() {
+    ComPointer<ICreateErrorInfo> made;
+    ComPointer<IErrorInfo> failure;
+    EXPECT_EQ(S_OK, CreateErrorInfo(made.put()));
+    made->SetDescription(const_cast<LPOLESTR>(L"older"));
+    EXPECT_EQ(S_OK, made->QueryInterface(IID_IErrorInfo, reinterpret_cast<void**>(failure.put())));
+    return failure;
 }
 
 TEST_F(SpecimenTest, anObjectThatStandsForItselfIsNoArgument) {
@@ -313,6 +324,35 @@ TEST_F(SpecimenTest, recordsAsResultsAndByReference) {
     EXPECT_EQ(DISP_E_TYPEMISMATCH, call(L"CadreRef", {byReference(number)}).code);
 }
 
+TEST_F(SpecimenTest, recordsThatNobodyTakesAreFreed) {
+    auto arguments = Arguments({std::int32_t{10}});
+    auto parameters = arguments.parameters();
+    const auto id = idOf(specimen.get(), L"Cadre"), failing = idOf(specimen.get(), L"CadreOuErreur");
+    expectNothingLeft([&] {
+        EXPECT_EQ(S_OK,
+                  specimen->Invoke(id, IID_NULL, 0, DISPATCH_METHOD, &parameters, nullptr, nullptr, nullptr));
+        VARIANT result;
+        EXPECT_EQ(DISP_E_EXCEPTION, specimen->Invoke(failing, IID_NULL, 0, DISPATCH_METHOD, &parameters,
+                                                     &result, nullptr, nullptr));
+        EXPECT_EQ(VT_EMPTY, result.vt);
+    });
+}
+
+// Without the description of the record nothing runs, and an older failure is not the reason.
+TEST_F(SpecimenTest, aRecordThatCannotBeDescribed) {
+    expectError(call(L"Échoue", {std::int32_t{6}}), 6);
+    Intercept<decltype(LoadTypeLibEx)> load(GetModuleHandleW(nullptr), "oleaut32.dll", "LoadTypeLibEx");
+    load.answer([](auto...) { return TYPE_E_CANTLOADLIBRARY; });
+    SetErrorInfo(0, olderFailure().get());
+    auto arguments = Arguments({std::int32_t{10}});
+    auto parameters = arguments.parameters();
+    const auto outcome = invoke(specimen.get(), idOf(specimen.get(), L"Cadre"), DISPATCH_METHOD, parameters);
+    EXPECT_EQ(DISP_E_EXCEPTION, outcome.code);
+    EXPECT_EQ(TYPE_E_CANTLOADLIBRARY, outcome.exceptionCode);
+    EXPECT_EQ(L"", outcome.description);
+    EXPECT_EQ(VT_EMPTY, outcome.result.raw().vt);
+}
+
 TEST_F(SpecimenTest, optionalParametersWithoutDefaults) {
     expectResult(call(L"SansDéfaut"), text(L"0||F|0|missing|nothing|"));
     expectResult(
@@ -406,7 +446,10 @@ TEST_F(SpecimenTest, unknownNamesAndSeveralAtOnce) {
     EXPECT_EQ(DISPID_UNKNOWN, ids[1]);
     LPOLESTR empty = const_cast<LPOLESTR>(L"");
     EXPECT_EQ(DISP_E_UNKNOWNNAME, specimen->GetIDsOfNames(IID_NULL, &empty, 1, 0, ids));
+    ids[0] = ids[1] = -77;
     EXPECT_EQ(DISP_E_UNKNOWNINTERFACE, specimen->GetIDsOfNames(IID_IDispatch, names, 1, 0, ids));
+    EXPECT_EQ(DISPID_UNKNOWN, ids[0]);
+    EXPECT_EQ(-77, ids[1]);
     EXPECT_EQ(E_POINTER, specimen->GetIDsOfNames(IID_NULL, nullptr, 1, 0, ids));
     EXPECT_EQ(E_POINTER, specimen->GetIDsOfNames(IID_NULL, names, 1, 0, nullptr));
     EXPECT_EQ(E_INVALIDARG, specimen->GetIDsOfNames(IID_NULL, names, 0, 0, ids));

@@ -2,8 +2,10 @@
 
 #include <new>
 #include <stdexcept>
+#include <utility>
 
 #include "frame/com/publish.h"
+#include "frame/values/conversions.h"
 #include "frame/values/runtime_error.h"
 #include "typelib/type_library_writer.h"
 
@@ -59,6 +61,99 @@ Text Specimen::ChangeEtÉchoue(Text& Valeur) {
 
 namespace {
 
+std::function<void()> waitingHostCode;
+
+void runHostCode() {
+    if (const auto code = std::exchange(waitingHostCode, nullptr)) code();
+}
+
+}  // namespace
+
+void duringNextCall(std::function<void()> hostCode) { waitingHostCode = std::move(hostCode); }
+
+std::int32_t Specimen::NombreTenu(const std::int32_t& Valeur) {
+    runHostCode();
+    return Valeur;
+}
+
+Text Specimen::TexteTenu(TextView Valeur) {
+    runHostCode();
+    return Text(Valeur);
+}
+
+Text Specimen::TexteRefTenu(const Text& Valeur) {
+    runHostCode();
+    return Valeur;
+}
+
+Variant Specimen::VariableTenue(VariantView Valeur) {
+    runHostCode();
+    return Variant(Valeur);
+}
+
+Variant Specimen::VariableRefTenue(const Variant& Valeur) {
+    runHostCode();
+    return Variant(Valeur.view());
+}
+
+HostObject Specimen::ObjetTenu(HostObject Valeur) {
+    runHostCode();
+    return Valeur;
+}
+
+HostObject Specimen::ObjetRefTenu(const HostObject& Valeur) {
+    runHostCode();
+    return Valeur;
+}
+
+void Specimen::Laisse(std::int32_t&, Text&, bool&, Variant&, HostObject&) { runHostCode(); }
+
+void Specimen::LaisseCadre(records::Rect&) { runHostCode(); }
+
+std::int32_t Specimen::ChangeNombre(std::int32_t& Valeur) {
+    runHostCode();
+    return std::exchange(Valeur, -1);
+}
+
+Text Specimen::ChangeTexte(Text& Valeur) {
+    runHostCode();
+    return std::exchange(Valeur, L"changée");
+}
+
+Variant Specimen::ChangeVariable(Variant& Valeur) {
+    runHostCode();
+    return std::exchange(Valeur, Variant(TextView(L"changée")));
+}
+
+records::Rect Specimen::ChangeCadre(records::Rect& Valeur) {
+    runHostCode();
+    return std::exchange(Valeur, records::Rect{-1, -2, -3, -4});
+}
+
+Text Specimen::TexteEtNombre(TextView Texte, std::int32_t Nombre) {
+    return Text(Texte) + std::to_wstring(Nombre);
+}
+
+Text Specimen::TexteRefEtNombre(const Text& Texte, std::int32_t Nombre) {
+    return TexteEtNombre(Texte, Nombre);
+}
+
+Text Specimen::VariableEtNombre(VariantView Texte, std::int32_t Nombre) {
+    return TexteEtNombre(ValueText(Texte).view(), Nombre);
+}
+
+Variant Specimen::VariableOuErreur(std::int32_t& Numéro) {
+    Échoue(Numéro);
+    return Numéro;
+}
+
+records::Rect Specimen::CadreOuErreur(std::int32_t Numéro) {
+    Échoue(Numéro);
+    return {};
+}
+
+namespace {
+
 HRESULT loadSpecimen(ITypeLib** library) { return LoadTypeLibEx(specimenFile(), REGKIND_NONE, library); }
 
 }  // namespace
@@ -69,27 +164,77 @@ const Library specimenLibrary{L"SpecimenLib",
                               0,
                               &loadSpecimen};
 
-PUBLISH(Specimen, DATA_MEMBER(Teinte), DATA_MEMBER(Actif), METHOD(Court, L"Valeur"), METHOD(Long, L"Valeur"),
-        METHOD(Octet, L"Valeur"), RESERVED_SLOT, METHOD(Simple, L"Valeur"), METHOD(Double, L"Valeur"),
-        METHOD(Booléen, L"Valeur"), METHOD(Montant, L"Valeur"), METHOD(Jour, L"Valeur"),
-        METHOD(Chaîne, L"Valeur"), METHOD(Vue, L"Valeur"), METHOD(Variable, L"Valeur"),
-        METHOD(Morceau, L"Valeur"), METHOD(Objet, L"Valeur"), METHOD(Image, L"Valeur"),
-        METHOD(Police, L"Valeur"), METHOD(Cadre, L"Coin"), PROPERTY_GET(Titre, readTitle),
-        PROPERTY_LET(Titre, writeTitle), PROPERTY_GET(Élément, readElement, L"Index"),
-        PROPERTY_LET(Élément, writeElement, L"Index"), PROPERTY_GET(Cible, readTarget),
-        PROPERTY_SET(Cible, writeTarget), METHOD(CourtRef, L"Valeur"), METHOD(LongRef, L"Valeur"),
-        METHOD(OctetRef, L"Valeur"), METHOD(SimpleRef, L"Valeur"), METHOD(DoubleRef, L"Valeur"),
-        METHOD(BooléenRef, L"Valeur"), METHOD(MontantRef, L"Valeur"), METHOD(JourRef, L"Valeur"),
-        METHOD(ChaîneRef, L"Valeur"), METHOD(VariableRef, L"Valeur"), METHOD(MorceauRef, L"Valeur"),
-        METHOD(ObjetRef, L"Valeur"), METHOD(CadreRef, L"Valeur"), METHOD(Lue, L"Valeur"),
-        METHOD(Deux, L"Un", L"Autre"),
-        METHOD(SansDéfaut, optional(L"Nombre"), optional(L"Chaîne"), optional(L"Vrai"), optional(L"Réel"),
-               optional(L"Quoi"), optional(L"Qui"), optional(L"Ref")),
-        METHOD(AvecDéfaut, optional(L"Nombre", 5), optional(L"Chaîne", L"\t"), optional(L"Vrai", true),
+// clang-format off
+PUBLISH(Specimen,
+        DATA_MEMBER(0, Teinte),
+        DATA_MEMBER(2, Actif),
+        METHOD(4, Court, L"Valeur"),
+        METHOD(5, Long, L"Valeur"),
+        METHOD(6, Octet, L"Valeur"),
+        RESERVED_SLOT(7),
+        METHOD(8, Simple, L"Valeur"),
+        METHOD(9, Double, L"Valeur"),
+        METHOD(10, Booléen, L"Valeur"),
+        METHOD(11, Montant, L"Valeur"),
+        METHOD(12, Jour, L"Valeur"),
+        METHOD(13, Chaîne, L"Valeur"),
+        METHOD(14, Vue, L"Valeur"),
+        METHOD(15, Variable, L"Valeur"),
+        METHOD(16, Morceau, L"Valeur"),
+        METHOD(17, Objet, L"Valeur"),
+        METHOD(18, Image, L"Valeur"),
+        METHOD(19, Police, L"Valeur"),
+        METHOD(20, Cadre, L"Coin"),
+        PROPERTY_GET(21, Titre, readTitle),
+        PROPERTY_LET(22, Titre, writeTitle),
+        PROPERTY_GET(23, Élément, readElement, L"Index"),
+        PROPERTY_LET(24, Élément, writeElement, L"Index"),
+        PROPERTY_GET(25, Cible, readTarget),
+        PROPERTY_SET(26, Cible, writeTarget),
+        METHOD(27, CourtRef, L"Valeur"),
+        METHOD(28, LongRef, L"Valeur"),
+        METHOD(29, OctetRef, L"Valeur"),
+        METHOD(30, SimpleRef, L"Valeur"),
+        METHOD(31, DoubleRef, L"Valeur"),
+        METHOD(32, BooléenRef, L"Valeur"),
+        METHOD(33, MontantRef, L"Valeur"),
+        METHOD(34, JourRef, L"Valeur"),
+        METHOD(35, ChaîneRef, L"Valeur"),
+        METHOD(36, VariableRef, L"Valeur"),
+        METHOD(37, MorceauRef, L"Valeur"),
+        METHOD(38, ObjetRef, L"Valeur"),
+        METHOD(39, CadreRef, L"Valeur"),
+        METHOD(40, Lue, L"Valeur"),
+        METHOD(41, Deux, L"Un", L"Autre"),
+        METHOD(42, SansDéfaut, optional(L"Nombre"), optional(L"Chaîne"), optional(L"Vrai"),
+               optional(L"Réel"), optional(L"Quoi"), optional(L"Qui"), optional(L"Ref")),
+        METHOD(43, AvecDéfaut, optional(L"Nombre", 5), optional(L"Chaîne", L"\t"), optional(L"Vrai", true),
                optional(L"Faux", false), optional(L"Octet", 100), optional(L"Réel", 12),
                optional(L"Morceau", eFileN::efDisque), optional(L"Ref", true)),
-        METHOD_AS(spaced, L"Avec\u00A0blanc"), RESERVED_SLOT, METHOD(Échoue, L"Numéro"),
-        METHOD(Explose, L"Comment"), METHOD(ChangeEtÉchoue, L"Valeur"))
+        METHOD_AS(44, spaced, L"Avec\u00A0blanc"),
+        RESERVED_SLOT(45),
+        METHOD(46, Échoue, L"Numéro"),
+        METHOD(47, Explose, L"Comment"),
+        METHOD(48, ChangeEtÉchoue, L"Valeur"),
+        METHOD(49, NombreTenu, L"Valeur"),
+        METHOD(50, TexteTenu, L"Valeur"),
+        METHOD(51, TexteRefTenu, L"Valeur"),
+        METHOD(52, VariableTenue, L"Valeur"),
+        METHOD(53, VariableRefTenue, L"Valeur"),
+        METHOD(54, ObjetTenu, L"Valeur"),
+        METHOD(55, ObjetRefTenu, L"Valeur"),
+        METHOD(56, Laisse, L"Nombre", L"Chaîne", L"Vrai", L"Quoi", L"Qui"),
+        METHOD(57, LaisseCadre, L"Valeur"),
+        METHOD(58, ChangeNombre, L"Valeur"),
+        METHOD(59, ChangeTexte, L"Valeur"),
+        METHOD(60, ChangeVariable, L"Valeur"),
+        METHOD(61, ChangeCadre, L"Valeur"),
+        VIEWING_METHOD(62, TexteEtNombre, L"Texte", L"Nombre"),
+        VIEWING_METHOD(63, TexteRefEtNombre, L"Texte", L"Nombre"),
+        VIEWING_METHOD(64, VariableEtNombre, L"Texte", L"Nombre"),
+        METHOD(65, VariableOuErreur, L"Numéro"),
+        METHOD(66, CadreOuErreur, L"Numéro"))
+// clang-format on
 
 const wchar_t* specimenFile() {
     static const std::wstring file = [] {

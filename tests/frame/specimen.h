@@ -2,6 +2,8 @@
 // The component's type-library writer writes its library too.
 #pragma once
 
+#include <functional>
+
 #include "frame/com/publication.h"
 #include "frame/contract/enumerations.h"
 #include "frame/contract/records.h"
@@ -74,11 +76,39 @@ public:
     void Explose(std::int16_t Comment);
     Text ChangeEtÉchoue(Text& Valeur);
 
+    // Members in the middle of which the host's code runs: what they have then is what they were given.
+    std::int32_t NombreTenu(const std::int32_t& Valeur);
+    Text TexteTenu(TextView Valeur);
+    Text TexteRefTenu(const Text& Valeur);
+    Variant VariableTenue(VariantView Valeur);
+    Variant VariableRefTenue(const Variant& Valeur);
+    HostObject ObjetTenu(HostObject Valeur);
+    HostObject ObjetRefTenu(const HostObject& Valeur);
+    // Given by reference and left alone.
+    void Laisse(std::int32_t& Nombre, Text& Chaîne, bool& Vrai, Variant& Quoi, HostObject& Qui);
+    void LaisseCadre(records::Rect& Valeur);
+    // Given by reference and changed after the host's code has run; what was given comes back.
+    std::int32_t ChangeNombre(std::int32_t& Valeur);
+    Text ChangeTexte(Text& Valeur);
+    Variant ChangeVariable(Variant& Valeur);
+    records::Rect ChangeCadre(records::Rect& Valeur);
+
+    // Two arguments, of which the second may be asked for its default property. The first is viewed.
+    Text TexteEtNombre(TextView Texte, std::int32_t Nombre);
+    Text TexteRefEtNombre(const Text& Texte, std::int32_t Nombre);
+    Text VariableEtNombre(VariantView Texte, std::int32_t Nombre);
+    // By reference, and a result.
+    Variant VariableOuErreur(std::int32_t& Numéro);
+    records::Rect CadreOuErreur(std::int32_t Numéro);
+
 private:
     Text title_;
     std::int32_t elements_[3] = {};
     HostObject target_;
 };
+
+/// The code of the host that runs once in the middle of the next member that lets it.
+void duringNextCall(std::function<void()> hostCode);
 
 extern const Library specimenLibrary;
 const Publication& publicationOf(Of<Specimen>);

@@ -96,6 +96,41 @@ TEST_F(SpecimenTest, propertiesAndFieldsThroughTheVtable) {
     EXPECT_EQ(VARIANT_TRUE, active);
 }
 
+// A failing call clears its result, whichever way it fails. A host may leave anything in it before.
+TEST_F(SpecimenTest, failingSlotsClearTheirResult) {
+    VARIANT result;
+    std::memset(&result, 0xAA, sizeof result);
+    EXPECT_EQ(E_POINTER, slot(slotOf(L"VariableOuErreur"), static_cast<LONG*>(nullptr), &result));
+    EXPECT_EQ(VT_EMPTY, result.vt);
+    std::memset(&result, 0xAA, sizeof result);
+    LONG number = 6;
+    EXPECT_EQ(HRESULT(0x800A0006), slot(slotOf(L"VariableOuErreur"), &number, &result));
+    EXPECT_EQ(VT_EMPTY, result.vt);
+    records::Rect rectangle{1, 2, 3, 4};
+    EXPECT_EQ(HRESULT(0x800A0006), slot(slotOf(L"CadreOuErreur"), LONG{6}, &rectangle));
+    EXPECT_EQ(0, rectangle.Left | rectangle.Top | rectangle.Right | rectangle.Bottom);
+    const auto poisoned = reinterpret_cast<BSTR>(ULONG_PTR{0xAAAAAAAA});
+    BSTR string = poisoned, one = nullptr;
+    const auto nowhere = static_cast<BSTR*>(nullptr);
+    EXPECT_EQ(E_POINTER, slot(slotOf(L"Deux"), nowhere, &one, &string));
+    EXPECT_EQ(nullptr, string);
+    string = poisoned;
+    EXPECT_EQ(E_POINTER, slot(slotOf(L"Deux"), &one, nowhere, &string));
+    EXPECT_EQ(nullptr, string);
+    string = poisoned;
+    EXPECT_EQ(HRESULT(0x800A0006), slot(slotOf(L"ChangeEtÉchoue"), &one, &string));
+    EXPECT_EQ(nullptr, string);
+    EXPECT_EQ(E_POINTER, slot(slotOf(L"Deux"), &one, &one, nowhere));
+    EXPECT_EQ(L"changed", viewOf(one));
+    SysFreeString(one);
+    // One variable as argument and result: read first, cleared when the call fails.
+    VARIANT both{};
+    both.vt = VT_I4;
+    both.lVal = 6;
+    EXPECT_EQ(HRESULT(0x800A0006), slot(slotOf(L"VariableOuErreur"), &both.lVal, &both));
+    EXPECT_EQ(VT_EMPTY, both.vt);
+}
+
 // Calls every member in the type library both ways, with zero values of its types. A slot whose arguments
 // differ from the published ones would corrupt the stack or answer differently.
 TEST_F(SpecimenTest, everyDescribedMemberAnswersBothWays) {

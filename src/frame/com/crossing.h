@@ -5,11 +5,21 @@
 //   type      what the type library and dispatch call it
 //   Argument  holds a raw argument for the length of a call; value() is what the member takes,
 //             commit() stores what a by-reference one has become, at the latest when the call ends
+//   View      where there is one: Argument without the copy, for members that run no code of the host
+//   take      the C++ value of a raw one, a copy
 //   give      turns a result into its raw form, which the caller then owns
-// Results and by-value arguments use Crossing<T>, by-reference arguments Crossing<T&>.
+// What owns something is made and freed in crossing.cpp, once for all slots.
+//
+// Results and by-value arguments use Crossing<T>, by-reference arguments Crossing<T&> and, where the member
+// only reads them, Crossing<const T&>.
+//
+// A member owns what it is given: the host's code may run in the middle of it, in a property, an event or a
+// pumped message, and assign to the very variable that was passed.
 #pragma once
 
+#include <bit>
 #include <cstdint>
+#include <cstring>
 #include <type_traits>
 #include <utility>
 
@@ -32,8 +42,9 @@ struct TypeUse {
     bool byReference = false;
     Described described = Described::no;
     std::uint16_t number = 0;
+    bool onlyRead = false;  // by reference, and never written
 
-    constexpr TypeUse referenced() const { return {type, true, described, number}; }
+    constexpr TypeUse referenced(bool read = false) const { return {type, true, described, number, read}; }
 };
 
 /// The number under which a contract type is identified.
@@ -61,41 +72,65 @@ struct Crossing;
 
 namespace crossing {
 
-/// A by-value argument that the member takes as it comes.
-template <class Taken, class Raw>
+/// A by-value argument.
+template <class T, class RawType>
 class ByValue {
 public:
-    explicit ByValue(Raw raw) : value_(raw) {}
-    Taken value() const { return static_cast<Taken>(value_); }
+    explicit ByValue(RawType raw) : raw_(raw) {}
+    T value() const { return Crossing<T>::take(raw_); }
     void commit() {}
 
 private:
-    Raw value_;
+    RawType raw_;
 };
 
-/// A by-reference argument whose C++ type is laid out as its raw type: the member works on the caller's
-/// own variable.
-template <class T, class Raw>
-class InPlace {
+/// A by-reference argument that the member only reads.
+template <class T>
+class Read {
 public:
-    static_assert(sizeof(T) == sizeof(Raw));
-    explicit InPlace(Raw* raw) : variable_(reinterpret_cast<T*>(raw)) {}
-    T& value() const { return *variable_; }
+    explicit Read(const typename Crossing<T>::Raw* raw) : value_(Crossing<T>::take(*raw)) {}
+    const T& value() const { return value_; }
     void commit() {}
 
 private:
-    T* variable_;
+    T value_;
 };
 
-/// A type that is the same on both sides.
-template <class T, class RawType, VARTYPE vartype>
+/// A by-reference argument whose C++ type is laid out as its raw type. The member works on a copy, and only
+/// what it has changed is written.
+template <class T, class RawType>
+class Written {
+public:
+    static_assert(sizeof(T) == sizeof(RawType) && std::is_trivially_copyable_v<T>);
+    explicit Written(RawType* variable)
+        : variable_(variable), value_(std::bit_cast<T>(*variable)), before_(value_) {}
+    ~Written() { commit(); }
+    T& value() { return value_; }
+    void commit() {
+        if (std::memcmp(&before_, &value_, sizeof value_) == 0) return;
+        before_ = value_;
+        *variable_ = std::bit_cast<RawType>(value_);
+    }
+
+private:
+    RawType* variable_;
+    T value_;
+    T before_;
+};
+
+/// A type that is the same on both sides, but for its name.
+template <class T, class RawType>
 struct Same {
     using Raw = RawType;
     using Argument = ByValue<T, Raw>;
-    using Reference = InPlace<T, Raw>;
-    static constexpr TypeUse type{vartype};
-    static Raw give(T value) { return value; }
+    using Reference = Written<T, Raw>;
+    static T take(Raw value) { return static_cast<T>(value); }
+    static Raw give(T value) { return static_cast<Raw>(value); }
 };
+
+/// Stores a value in a caller's variable and leaves Empty in its place. A variable that refers to another of
+/// some type keeps that type.
+HRESULT store(VARIANT& variable, VARIANT& value, LCID locale) noexcept;
 
 }  // namespace crossing
 
@@ -109,29 +144,44 @@ struct Crossing<T&> {
 
 /// By reference, though the member only reads it.
 template <class T>
-struct Crossing<const T&> : Crossing<T&> {};
+struct Crossing<const T&> {
+    using Raw = typename Crossing<T>::Raw*;
+    using Argument = crossing::Read<T>;
+    static constexpr TypeUse type = Crossing<T>::type.referenced(true);
+};
 
 template <>
-struct Crossing<std::int16_t> : crossing::Same<std::int16_t, SHORT, VT_I2> {};
+struct Crossing<std::int16_t> : crossing::Same<std::int16_t, SHORT> {
+    static constexpr TypeUse type{VT_I2};
+};
 template <>
-struct Crossing<std::int32_t> : crossing::Same<std::int32_t, LONG, VT_I4> {};
+struct Crossing<std::int32_t> : crossing::Same<std::int32_t, LONG> {
+    static constexpr TypeUse type{VT_I4};
+};
 template <>
-struct Crossing<std::uint8_t> : crossing::Same<std::uint8_t, BYTE, VT_UI1> {};
+struct Crossing<std::uint8_t> : crossing::Same<std::uint8_t, BYTE> {
+    static constexpr TypeUse type{VT_UI1};
+};
 template <>
-struct Crossing<float> : crossing::Same<float, FLOAT, VT_R4> {};
+struct Crossing<float> : crossing::Same<float, FLOAT> {
+    static constexpr TypeUse type{VT_R4};
+};
 template <>
-struct Crossing<double> : crossing::Same<double, DOUBLE, VT_R8> {};
+struct Crossing<double> : crossing::Same<double, DOUBLE> {
+    static constexpr TypeUse type{VT_R8};
+};
 
 template <>
 struct Crossing<bool> {
     using Raw = VARIANT_BOOL;
     using Argument = crossing::ByValue<bool, Raw>;
     static constexpr TypeUse type{VT_BOOL};
+    static bool take(Raw value) { return value != VARIANT_FALSE; }
     static Raw give(bool value) { return value ? VARIANT_TRUE : VARIANT_FALSE; }
 
     class Reference {
     public:
-        explicit Reference(Raw* raw) : variable_(raw), value_(*raw != VARIANT_FALSE), before_(value_) {}
+        explicit Reference(Raw* variable) : variable_(variable), value_(take(*variable)), before_(value_) {}
         ~Reference() { commit(); }
         bool& value() { return value_; }
         void commit() {
@@ -148,12 +198,10 @@ struct Crossing<bool> {
 template <>
 struct Crossing<Currency> {
     using Raw = CY;
-    struct Argument : crossing::ByValue<CY, CY> {
-        using ByValue::ByValue;
-        Currency value() const { return {ByValue::value().int64}; }
-    };
-    using Reference = crossing::InPlace<Currency, Raw>;
+    using Argument = crossing::ByValue<Currency, Raw>;
+    using Reference = crossing::Written<Currency, Raw>;
     static constexpr TypeUse type{VT_CY};
+    static Currency take(Raw value) { return {value.int64}; }
     static Raw give(Currency value) {
         CY raw;
         raw.int64 = value.scaled;
@@ -164,12 +212,10 @@ struct Crossing<Currency> {
 template <>
 struct Crossing<Date> {
     using Raw = DATE;
-    struct Argument : crossing::ByValue<DATE, DATE> {
-        using ByValue::ByValue;
-        Date value() const { return {ByValue::value()}; }
-    };
-    using Reference = crossing::InPlace<Date, Raw>;
+    using Argument = crossing::ByValue<Date, Raw>;
+    using Reference = crossing::Written<Date, Raw>;
     static constexpr TypeUse type{VT_DATE};
+    static Date take(Raw value) { return {value}; }
     static Raw give(Date value) { return value.days; }
 };
 
@@ -179,8 +225,8 @@ namespace crossing {
 struct StringResult {
     using Raw = BSTR;
     static constexpr TypeUse type{VT_BSTR};
-    static Raw give(TextView value) { return Bstr(value).detach(); }
-    static Raw give(const Joined& value) { return Bstr(value).detach(); }
+    static Raw give(TextView value);
+    static Raw give(const Joined& value);
     static Raw give(Bstr value) { return value.detach(); }
 };
 
@@ -188,45 +234,40 @@ struct StringResult {
 
 template <>
 struct Crossing<Text> : crossing::StringResult {
-    struct Argument : crossing::ByValue<BSTR, BSTR> {
-        using ByValue::ByValue;
-        Text value() const { return Text(viewOf(ByValue::value())); }
-    };
+    using Argument = crossing::ByValue<Text, BSTR>;
+    static Text take(BSTR text);
 
     // The caller's string is replaced only when the member has changed it: its other half, odd bytes
-    // included, then survives, and an unchanged string costs no allocation.
+    // included, then survives.
     class Reference {
     public:
-        explicit Reference(BSTR* raw) : variable_(raw), value_(viewOf(*raw)) {}
-        ~Reference() {
-            try {
-                commit();
-            } catch (...) {
-                // No memory for the new text: the caller keeps the old one.
-            }
-        }
+        explicit Reference(BSTR* variable);
+        ~Reference();
         Text& value() { return value_; }
-        void commit() {
-            // Once: the same variable may have been passed twice, and the last one to commit wins.
-            if (!std::exchange(pending_, false) || value_ == viewOf(*variable_)) return;
-            Bstr replacement{TextView(value_)};
-            SysFreeString(*variable_);
-            *variable_ = replacement.detach();
-        }
+        void commit();
 
     private:
         BSTR* variable_;
         Text value_;
-        bool pending_ = true;
+        Text before_;
     };
 };
 
-/// For texts that are only read: no copy.
+/// For texts that are only read.
 template <>
 struct Crossing<TextView> : crossing::StringResult {
-    struct Argument : crossing::ByValue<BSTR, BSTR> {
-        using ByValue::ByValue;
-        TextView value() const { return viewOf(ByValue::value()); }
+    using View = crossing::ByValue<TextView, BSTR>;
+    static TextView take(BSTR text) { return viewOf(text); }
+
+    class Argument {
+    public:
+        explicit Argument(BSTR raw);
+        ~Argument();
+        TextView value() const { return text_; }
+        void commit() {}
+
+    private:
+        const Text text_;
     };
 };
 
@@ -235,24 +276,67 @@ struct Crossing<Joined> : crossing::StringResult {};
 template <>
 struct Crossing<Bstr> : crossing::StringResult {};
 
-/// For variants that are only read: no copy.
-template <>
-struct Crossing<VariantView> {
-    using Raw = VARIANT;
-    using Argument = crossing::ByValue<VariantView, VARIANT>;
-    static constexpr TypeUse type{VT_VARIANT};
-};
-
 template <>
 struct Crossing<Variant> {
     using Raw = VARIANT;
-    struct Argument : crossing::ByValue<VARIANT, VARIANT> {
-        using ByValue::ByValue;
-        Variant value() const { return Variant(VariantView(ByValue::value())); }
-    };
-    using Reference = crossing::InPlace<Variant, Raw>;
+    using Argument = crossing::ByValue<Variant, VARIANT>;
     static constexpr TypeUse type{VT_VARIANT};
+    static Variant take(const VARIANT& value);
     static Raw give(Variant value) { return value.detach(); }
+
+    class Reference {
+    public:
+        explicit Reference(VARIANT* variable);
+        ~Reference();
+        Variant& value() { return value_; }
+        void commit();
+
+    private:
+        bool isChanged() const;
+
+        VARIANT* variable_;
+        Variant value_;
+        Variant before_;
+        const void* block_;  // what `value_` was given with: an array, say
+    };
+};
+
+template <>
+struct Crossing<const Variant&> {
+    using Raw = VARIANT*;
+    using Argument = crossing::Read<Variant>;
+    static constexpr TypeUse type = Crossing<Variant>::type.referenced(true);
+
+    // The caller's own variable.
+    class View {
+    public:
+        explicit View(const VARIANT* raw) : variable_(reinterpret_cast<const Variant*>(raw)) {}
+        const Variant& value() const { return *variable_; }
+        void commit() {}
+
+    private:
+        const Variant* variable_;
+    };
+};
+
+/// For variants that are only read.
+template <>
+struct Crossing<VariantView> {
+    using Raw = VARIANT;
+    using View = crossing::ByValue<VariantView, VARIANT>;
+    static constexpr TypeUse type{VT_VARIANT};
+    static VariantView take(const VARIANT& value) { return value; }
+
+    class Argument {
+    public:
+        explicit Argument(const VARIANT& raw);
+        ~Argument();
+        VariantView value() const { return value_.view(); }
+        void commit() {}
+
+    private:
+        const Variant value_;
+    };
 };
 
 template <class Interface>
@@ -266,9 +350,28 @@ template <class Interface>
 struct Crossing<ComPointer<Interface>> {
     using Raw = Interface*;
     using Argument = crossing::ByValue<ComPointer<Interface>, Raw>;
-    using Reference = crossing::InPlace<ComPointer<Interface>, Raw>;
     static constexpr TypeUse type{VT_DISPATCH, false, describedInterface<Interface>};
+    static ComPointer<Interface> take(Interface* object) { return object; }
     static Raw give(ComPointer<Interface> value) { return value.detach(); }
+
+    class Reference {
+    public:
+        explicit Reference(Interface** variable) : variable_(variable), value_(*variable), before_(value_) {}
+        ~Reference() { commit(); }
+        ComPointer<Interface>& value() { return value_; }
+        void commit() {
+            if (before_.get() == value_.get()) return;
+            before_ = value_;
+            // The last reference to an object runs the host's code: the variable holds the new one by then.
+            auto stored = value_;
+            if (Interface* const old = std::exchange(*variable_, stored.detach())) old->Release();
+        }
+
+    private:
+        Interface** variable_;
+        ComPointer<Interface> value_;
+        ComPointer<Interface> before_;
+    };
 };
 
 /// A type that the contract lists, with the number that identifies it.
@@ -282,20 +385,36 @@ concept PublishedRecord = std::is_class_v<T> && contractNumber<T>
 /// An enumeration of the contract. Hosts may pass any 32-bit value; the member decides what to do with
 /// one that is no member of it.
 template <PublishedEnumeration Enumeration>
-struct Crossing<Enumeration> {
-    using Raw = LONG;
-    using Argument = crossing::ByValue<Enumeration, Raw>;
-    using Reference = crossing::InPlace<Enumeration, Raw>;
+struct Crossing<Enumeration> : crossing::Same<Enumeration, LONG> {
     static constexpr TypeUse type{VT_I4, false, Described::enumeration, contractNumber<Enumeration>};
-    static Raw give(Enumeration value) { return static_cast<Raw>(value); }
 };
+
+namespace records {
+
+/// Whether a field, or a whole record, owns nothing outside of it, so that it can be copied byte by byte.
+template <class Field>
+inline constexpr bool ownsNothing = !std::is_pointer_v<Field>;
+
+// clang-format off
+#define RECORD(name, number) template <> inline constexpr bool ownsNothing<name> = true
+#define FIELD(type, name) && ownsNothing<type>
+#define ARRAY_FIELD(type, name, count) && ownsNothing<type>
+#define END_RECORD(name) ;
+// clang-format on
+#include "frame/contract/records.def"
+
+}  // namespace records
 
 /// A record of the contract: a result, or by reference.
 template <PublishedRecord Record>
 struct Crossing<Record> {
     using Raw = Record;
-    using Reference = crossing::InPlace<Record, Raw>;
+    struct Reference : crossing::Written<Record, Raw> {
+        using crossing::Written<Record, Raw>::Written;
+        static_assert(records::ownsNothing<Record>, "copy it by its IRecordInfo, here and in dispatch");
+    };
     static constexpr TypeUse type{VT_RECORD, false, Described::record, contractNumber<Record>};
+    static Record take(const Record& value) { return value; }
     static Raw give(const Record& value) { return value; }
 };
 

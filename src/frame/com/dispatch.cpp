@@ -12,7 +12,6 @@ namespace vorla::dispatch {
 
 HRESULT findNames(const Publication& publication, std::span<const LPOLESTR> names,
                   std::span<DISPID> ids) noexcept {
-    for (DISPID& id : ids) id = DISPID_UNKNOWN;
     if (names.empty()) return E_INVALIDARG;
     const Member* const member = names[0] ? publication.find(names[0]) : nullptr;
     if (!member) return DISP_E_UNKNOWNNAME;
@@ -92,23 +91,6 @@ HRESULT checkObject(Described described, IDispatch* object) {
     return FAILED(answer) ? DISP_E_TYPEMISMATCH : S_OK;
 }
 
-// Stores a value in a variable of whatever type, which keeps its type.
-HRESULT storeTyped(const VARIANT& variable, VARIANT& value, LCID locale) {
-    const auto type = static_cast<VARTYPE>(variable.vt & ~VT_BYREF);
-    const auto size = sizeOfValue(type);
-    if (size == 0) return DISP_E_TYPEMISMATCH;
-    const auto converted = changeType(value, value, locale, 0, type);
-    if (FAILED(converted)) return converted;
-    VARIANT before;
-    VariantInit(&before);
-    std::memcpy(&before.byref, variable.byref, size);
-    before.vt = type;
-    std::memcpy(variable.byref, &value.byref, size);
-    value.vt = VT_EMPTY;
-    VariantClear(&before);
-    return S_OK;
-}
-
 HRESULT explain(HRESULT failure, EXCEPINFO* exception) {
     if (!exception) return DISP_E_EXCEPTION;
     *exception = {};
@@ -123,34 +105,41 @@ HRESULT explain(HRESULT failure, EXCEPINFO* exception) {
     return DISP_E_EXCEPTION;
 }
 
+// The description of a record, from the class's own library.
+HRESULT describeRecord(const Publication& publication, std::uint16_t number, IRecordInfo** record) {
+    ComPointer<ITypeInfo> description;
+    const auto answer = publication.library.describe(identifier(number), description.put());
+    return FAILED(answer) ? answer : GetRecordInfoFromTypeInfo(description.get(), record);
+}
+
+// A record without its description is nothing that a host could read, so nothing runs then.
 HRESULT callForRecord(Instance* object, const Publication& publication, const Member& member,
                       VARIANT* arguments, VARIANT& result) {
-    ComPointer<ITypeInfo> description;
     ComPointer<IRecordInfo> record;
-    auto answer = publication.library.describe(identifier(member.result.number), description.put());
-    if (SUCCEEDED(answer)) answer = GetRecordInfoFromTypeInfo(description.get(), record.put());
-    if (FAILED(answer)) return answer;
-    void* const made = record->RecordCreate();
-    if (!made) return E_OUTOFMEMORY;
-    answer = member.invoke(object, arguments, made);
-    if (FAILED(answer)) {
-        record->RecordDestroy(made);
-        return answer;
+    auto answer = describeRecord(publication, member.result.number, record.put());
+    void* const made = SUCCEEDED(answer) ? record->RecordCreate() : nullptr;
+    if (!made) {
+        // No member has failed: what an older failure has left is not the reason.
+        SetErrorInfo(0, nullptr);
+        return FAILED(answer) ? answer : E_OUTOFMEMORY;
     }
+    answer = member.invoke(publication.slotOf(member), object, arguments, made);
     result.vt = VT_RECORD;
     result.pvRecord = made;
     result.pRecInfo = record.detach();
+    if (FAILED(answer)) discard(result);
     return answer;
 }
 
 HRESULT callSlot(Instance* object, const Publication& publication, const Member& member, VARIANT* arguments,
                  VARIANT& result) {
+    const auto slot = publication.slotOf(member);
     switch (const auto type = member.result.type; type) {
-        case VT_VARIANT: return member.invoke(object, arguments, &result);
-        case VT_VOID: return member.invoke(object, arguments, nullptr);
+        case VT_VARIANT: return member.invoke(slot, object, arguments, &result);
+        case VT_VOID: return member.invoke(slot, object, arguments, nullptr);
         case VT_RECORD: return callForRecord(object, publication, member, arguments, result);
         default: {
-            const auto answer = member.invoke(object, arguments, &result.byref);
+            const auto answer = member.invoke(slot, object, arguments, &result.byref);
             if (SUCCEEDED(answer)) result.vt = type;
             return answer;
         }
@@ -167,6 +156,26 @@ bool fitsAsItIs(std::span<const Parameter> parameters, const DISPPARAMS& given) 
         if ((argument->vt & VT_BYREF) && !argument->byref) return false;
     }
     return true;
+}
+
+bool isRecordOf(const VARIANT& value, REFGUID type) {
+    GUID given;
+    return (value.vt & ~VT_BYREF) == VT_RECORD && value.pRecInfo && value.pvRecord &&
+           SUCCEEDED(value.pRecInfo->GetGuid(&given)) && given == type;
+}
+
+bool isObject(const VARIANT& value) {
+    const auto type = value.vt & ~VT_BYREF;
+    return type == VT_DISPATCH || type == VT_UNKNOWN;
+}
+
+// Whether giving this argument to this parameter runs code of the host: an object is asked for its default
+// property, or for an interface.
+bool asksTheHost(const VARIANT* source, const Parameter& parameter) {
+    if (!source || ((source->vt & VT_BYREF) && !source->byref)) return false;
+    const VARIANT& value = source->vt == (VT_BYREF | VT_VARIANT) ? *source->pvarVal : *source;
+    if (!isObject(value) || parameter.type.type == VT_VARIANT) return false;
+    return parameter.type.type != VT_DISPATCH || parameter.type.described != Described::no;
 }
 
 // One call of one member. An argument that does not have the type that the slot takes is converted into
@@ -188,15 +197,21 @@ public:
     HRESULT run(VARIANT& result, EXCEPINFO* exception, UINT* badArgument) noexcept;
 
 private:
-    // A value that the slot gets instead of the caller's: a default, a copy, or a converted one.
+    // A value that the slot gets instead of the caller's: a default, a copy, or a converted one. A record's
+    // memory holds it twice, as the slot gets it and as it was.
     struct Cell {
         VARIANT value;
-        VARIANT* writeTo;  // the caller's argument that gets the value back; null for none
+        VARIANT before;    // what the slot was given
+        VARIANT* writeTo;  // the caller's argument that gets what the slot has changed; null for none
+
+        bool isChanged() const;
+        HRESULT store(LCID locale) noexcept;
     };
 
     HRESULT assignSources() noexcept;
     HRESULT fill(VARIANT& passed, VARIANT* source, const Parameter& parameter) noexcept;
     HRESULT fillRecord(VARIANT& passed, const Parameter& parameter, VARIANT& source) noexcept;
+    HRESULT fillCell(VARIANT& passed, VARIANT* source, const Parameter& parameter) noexcept;
     HRESULT convert(VARIANT& value, const Parameter& parameter, const VARIANT& source) noexcept;
     HRESULT writeBack() noexcept;
     UINT indexOf(const VARIANT* argument) const { return static_cast<UINT>(argument - given_.rgvarg); }
@@ -207,6 +222,9 @@ private:
     const std::span<const Parameter> parameters_;
     const DISPPARAMS& given_;
     const LCID locale_;
+    // The host's code runs while the arguments are made ready: the slot is given nothing that the host could
+    // change or free by then.
+    bool hostRuns_ = false;
     UINT badArgument_ = 0;
     std::size_t cellCount_ = 0;
     // Only what the call needs of these is ever written.
@@ -216,12 +234,21 @@ private:
 };
 
 LateBoundCall::~LateBoundCall() {
-    for (std::size_t i = 0; i < cellCount_; ++i)
-        if (cells_[i].value.vt != VT_EMPTY) VariantClear(&cells_[i].value);
+    for (std::size_t i = 0; i < cellCount_; ++i) {
+        VARIANT& value = cells_[i].value;
+        if (value.vt == VT_RECORD) {
+            CoTaskMemFree(value.pvRecord);
+            value.pRecInfo->Release();
+        } else if (value.vt != VT_EMPTY) {
+            VariantClear(&value);
+        }
+    }
 }
 
 HRESULT LateBoundCall::run(VARIANT& result, EXCEPINFO* exception, UINT* badArgument) noexcept {
     auto answer = assignSources();
+    for (std::size_t i = 0; SUCCEEDED(answer) && i < parameters_.size(); ++i)
+        hostRuns_ |= asksTheHost(sources_[i], parameters_[i]);
     for (std::size_t i = 0; SUCCEEDED(answer) && i < parameters_.size(); ++i) {
         answer = fill(passed_[parameters_.size() - 1 - i], sources_[i], parameters_[i]);
         if (FAILED(answer) && sources_[i]) badArgument_ = indexOf(sources_[i]);
@@ -234,7 +261,7 @@ HRESULT LateBoundCall::run(VARIANT& result, EXCEPINFO* exception, UINT* badArgum
     const auto written = writeBack();
     if (FAILED(answer)) return explain(answer, exception);
     if (FAILED(written)) {
-        VariantClear(&result);
+        discard(result);
         if (badArgument) *badArgument = badArgument_;
     }
     return written;
@@ -268,32 +295,44 @@ HRESULT LateBoundCall::fill(VARIANT& passed, VARIANT* source, const Parameter& p
     if (!source && !parameter.optional) return DISP_E_BADPARAMCOUNT;
     const bool leftOut = !source || (isMissing(held(*source)) && !takesMissing(parameter));
     if (leftOut && !parameter.optional) return DISP_E_PARAMNOTOPTIONAL;
-    if (!leftOut) {
-        if (type == VT_RECORD) return fillRecord(passed, parameter, *source);
-
-        VARIANT& value = held(*source);
-        // The caller's own variable, of the very type, alone or inside a script's variable.
-        const bool exactVariable = source->vt == (VT_BYREF | type);
-        if (byReference && (exactVariable || (&value != source && value.vt == type))) {
-            passed.byref = exactVariable ? source->byref : &value.byref;
-            return type == VT_DISPATCH ? checkObject(parameter.type.described, *passed.ppdispVal) : S_OK;
-        }
-        if (!byReference && (value.vt == type || type == VT_VARIANT) && type != VT_DISPATCH) {
+    if (leftOut) {
+        // A default that owns nothing needs no cell.
+        if (!byReference && !ownsText(parameter.whenMissing)) return missingValue(parameter, passed);
+        return fillCell(passed, nullptr, parameter);
+    }
+    if (type == VT_RECORD) return fillRecord(passed, parameter, *source);
+    if (byReference && source->vt == (VT_BYREF | type)) {
+        // The caller's own variable, of the very type.
+        passed.byref = source->byref;
+        return type == VT_DISPATCH ? checkObject(parameter.type.described, *passed.ppdispVal) : S_OK;
+    }
+    VARIANT& value = held(*source);
+    if (!hostRuns_ && type != VT_DISPATCH) {
+        // The slot copies it, or runs nothing that could change it.
+        if (!byReference && (value.vt == type || type == VT_VARIANT)) {
             passed = value;
             return S_OK;
         }
+        if (parameter.type.onlyRead && value.vt == type) {
+            passed.byref = &value.byref;
+            return S_OK;
+        }
     }
-    // A default that owns nothing needs no cell.
-    if (leftOut && !byReference && !ownsText(parameter.whenMissing)) return missingValue(parameter, passed);
+    return fillCell(passed, source, parameter);
+}
+
+HRESULT LateBoundCall::fillCell(VARIANT& passed, VARIANT* source, const Parameter& parameter) noexcept {
     Cell& cell = cells_[cellCount_++];
     cell.value.vt = VT_EMPTY;
-    cell.writeTo = !leftOut && byReference && (source->vt & VT_BYREF) ? source : nullptr;
+    const bool stored = source && parameter.type.byReference && !parameter.type.onlyRead;
+    cell.writeTo = stored && (source->vt & VT_BYREF) ? source : nullptr;
     const auto answer =
-        leftOut ? missingValue(parameter, cell.value) : convert(cell.value, parameter, held(*source));
+        source ? convert(cell.value, parameter, held(*source)) : missingValue(parameter, cell.value);
     if (FAILED(answer)) return answer;
-    if (!byReference)
+    cell.before = cell.value;
+    if (!parameter.type.byReference)
         passed = cell.value;
-    else if (type == VT_VARIANT)
+    else if (parameter.type.type == VT_VARIANT)
         passed.pvarVal = &cell.value;
     else
         passed.byref = &cell.value.byref;
@@ -302,37 +341,72 @@ HRESULT LateBoundCall::fill(VARIANT& passed, VARIANT* source, const Parameter& p
 
 HRESULT LateBoundCall::fillRecord(VARIANT& passed, const Parameter& parameter, VARIANT& source) noexcept {
     VARIANT& value = held(source);
-    GUID given;
-    if ((value.vt & ~VT_BYREF) != VT_RECORD || !value.pRecInfo || !value.pvRecord ||
-        FAILED(value.pRecInfo->GetGuid(&given)) || given != identifier(parameter.type.number))
-        return DISP_E_TYPEMISMATCH;
+    if (!isRecordOf(value, identifier(parameter.type.number))) return DISP_E_TYPEMISMATCH;
     passed.byref = value.pvRecord;
+    if (&value == &source || (value.vt & VT_BYREF)) return S_OK;
+    // A script may let go of what its variable holds. The records that members take own nothing.
+    ULONG size = 0;
+    const auto told = value.pRecInfo->GetSize(&size);
+    if (FAILED(told)) return told;
+    auto* const memory = static_cast<char*>(CoTaskMemAlloc(2 * std::size_t{size}));
+    if (!memory) return E_OUTOFMEMORY;
+    std::memcpy(memory, value.pvRecord, size);
+    std::memcpy(memory + size, value.pvRecord, size);
+    Cell& cell = cells_[cellCount_++];
+    cell.value = value;
+    cell.value.pRecInfo->AddRef();
+    cell.value.pvRecord = memory;
+    cell.before = cell.value;
+    cell.before.pvRecord = memory + size;
+    cell.writeTo = parameter.type.onlyRead ? nullptr : &source;
+    passed.byref = memory;
     return S_OK;
 }
 
 // A copy for a by-reference parameter, a value of the right type for any other.
 HRESULT LateBoundCall::convert(VARIANT& value, const Parameter& parameter, const VARIANT& source) noexcept {
     const auto type = parameter.type.type;
-    if (type == VT_VARIANT) return copyValue(value, source);
-    const auto answer = changeType(value, source, locale_, 0, type);
-    if (FAILED(answer)) return answer;
+    if (type == VT_VARIANT || source.vt == type) {
+        const auto copied = copyValue(value, source);
+        if (FAILED(copied) || type != VT_DISPATCH) return copied;
+    } else if (isObject(source)) {
+        // Its own default property may let go of it.
+        VARIANT asked{};
+        auto answer = copyValue(asked, source);
+        if (SUCCEEDED(answer)) answer = changeType(value, asked, locale_, 0, type);
+        VariantClear(&asked);
+        if (FAILED(answer)) return answer;
+    } else {
+        const auto answer = changeType(value, source, locale_, 0, type);
+        if (FAILED(answer)) return answer;
+    }
     return type == VT_DISPATCH ? checkObject(parameter.type.described, value.pdispVal) : S_OK;
+}
+
+// The slot writes only what its member has changed, and what it writes is new: a text never comes to lie
+// where the one that it replaces was.
+bool LateBoundCall::Cell::isChanged() const {
+    if (value.vt != VT_RECORD) return std::memcmp(&value, &before, sizeof value) != 0;
+    const auto size = static_cast<const char*>(before.pvRecord) - static_cast<const char*>(value.pvRecord);
+    return std::memcmp(value.pvRecord, before.pvRecord, static_cast<std::size_t>(size)) != 0;
+}
+
+HRESULT LateBoundCall::Cell::store(LCID locale) noexcept {
+    VARIANT& variable = held(*writeTo);
+    if (value.vt != VT_RECORD) return crossing::store(variable, value, locale);
+    GUID type;
+    if (FAILED(value.pRecInfo->GetGuid(&type)) || !isRecordOf(variable, type)) return DISP_E_TYPEMISMATCH;
+    const auto size = static_cast<const char*>(before.pvRecord) - static_cast<const char*>(value.pvRecord);
+    std::memcpy(variable.pvRecord, value.pvRecord, static_cast<std::size_t>(size));
+    return S_OK;
 }
 
 HRESULT LateBoundCall::writeBack() noexcept {
     HRESULT answer = S_OK;
     for (std::size_t i = 0; i < cellCount_; ++i) {
         Cell& cell = cells_[i];
-        if (!cell.writeTo) continue;
-        VARIANT& variable = held(*cell.writeTo);
-        HRESULT stored = S_OK;
-        if (variable.vt & VT_BYREF) {
-            stored = storeTyped(variable, cell.value, locale_);
-        } else {
-            VARIANT before = std::exchange(variable, cell.value);
-            cell.value.vt = VT_EMPTY;
-            VariantClear(&before);
-        }
+        if (!cell.writeTo || !cell.isChanged()) continue;
+        const auto stored = cell.store(locale_);
         if (FAILED(stored)) {
             badArgument_ = indexOf(cell.writeTo);
             answer = stored;
@@ -349,6 +423,16 @@ HRESULT LateBoundCall::writeBack() noexcept {
 }
 
 }  // namespace
+
+void discard(VARIANT& result) noexcept {
+    if (result.vt == VT_RECORD) {
+        // Not every system frees a record's memory with the variant.
+        result.pRecInfo->RecordDestroy(result.pvRecord);
+        result.pRecInfo->Release();
+        result.vt = VT_EMPTY;
+    }
+    VariantClear(&result);
+}
 
 HRESULT call(Instance* object, const Publication& publication, const Member& member, const DISPPARAMS& given,
              LCID locale, VARIANT& result, EXCEPINFO* exception, UINT* badArgument) noexcept {

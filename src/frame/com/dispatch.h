@@ -17,9 +17,13 @@ HRESULT findNames(const Publication& publication, std::span<const LPOLESTR> name
 /// Empty after a failure. What an exception says goes to `exception`, the index of an argument that does
 /// not fit to `badArgument`; each of the two may be null.
 ///
-/// The caller's arguments are never converted in place, and what a by-reference parameter has become is
-/// written back, whatever type the caller's variable has.
+/// The caller's arguments are never converted in place. What the member has changed of a by-reference
+/// argument is written back, whatever type the caller's variable has; a variable that the member leaves alone
+/// keeps its value and type.
 HRESULT call(Instance* object, const Publication& publication, const Member& member, const DISPPARAMS& given,
              LCID locale, VARIANT& result, EXCEPINFO* exception, UINT* badArgument) noexcept;
+
+/// Frees a result that nobody takes, a record's memory too.
+void discard(VARIANT& result) noexcept;
 
 }  // namespace vorla::dispatch

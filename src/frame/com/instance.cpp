@@ -1,5 +1,6 @@
 #include "frame/com/instance.h"
 
+#include <algorithm>
 #include <new>
 
 #include "frame/com/dispatch.h"
@@ -94,8 +95,10 @@ HRESULT STDMETHODCALLTYPE Instance::getTypeInfo(Instance* self, UINT index, LCID
 
 HRESULT STDMETHODCALLTYPE Instance::getIdsOfNames(Instance* self, REFIID reserved, LPOLESTR* names,
                                                   UINT count, LCID, DISPID* ids) noexcept {
+    if (!ids) return E_POINTER;
+    std::fill_n(ids, count, DISPID_UNKNOWN);
     if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
-    if (!names || !ids) return E_POINTER;
+    if (!names) return E_POINTER;
     return dispatch::findNames(self->publication_, {names, count}, {ids, count});
 }
 
@@ -119,7 +122,7 @@ HRESULT STDMETHODCALLTYPE Instance::invoke(Instance* self, DISPID id, REFIID res
     if (result)
         *result = outcome;
     else
-        VariantClear(&outcome);
+        dispatch::discard(outcome);
     return answer;
 }
 

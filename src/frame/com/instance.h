@@ -20,16 +20,8 @@ public:
 
     const Publication& publication() const { return publication_; }
 
-    /// Runs a member's work; a failure becomes the code and the error information that the host reads.
-    template <class Work>
-    HRESULT run(Work&& work) noexcept {
-        try {
-            std::forward<Work>(work)();
-            return S_OK;
-        } catch (...) {
-            return reportFailure();
-        }
-    }
+    /// For the exception in flight: the code and the error information that the host reads.
+    HRESULT reportFailure() noexcept;
 
     /// Answers a call that has nowhere to put its result or no variable to refer to.
     static HRESULT reportNullPointer() noexcept;
@@ -52,9 +44,6 @@ protected:
     ~Instance() = default;
 
 private:
-    // The rest of what the exception in flight says to the host.
-    HRESULT reportFailure() noexcept;
-
     // A second interface of the same object.
     template <class Interface>
     class Facet : public Interface {

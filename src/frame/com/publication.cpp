@@ -2,6 +2,7 @@
 
 #include "frame/contract/identifiers.h"
 #include "frame/values/com_pointer.h"
+#include "frame/values/module.h"
 
 namespace vorla {
 
@@ -25,7 +26,7 @@ const Member* Publication::find(TextView sought) const {
 
 HRESULT Library::describe(REFGUID type, ITypeInfo** description) const {
     ComPointer<ITypeLib> typeLibrary;
-    const auto loaded = load(typeLibrary.put());
+    const auto loaded = module::typeLibrary(load, typeLibrary.put());
     return FAILED(loaded) ? loaded : typeLibrary->GetTypeInfoOfGuid(type, description);
 }
 

@@ -43,13 +43,16 @@ enum class MemberKind : std::uint8_t {
     reserved = 0,
 };
 
+/// The slots of IDispatch, which come before a class's own.
+constexpr std::size_t inheritedSlots = 7;
+
 /// The most parameters that a member has.
 constexpr std::size_t parameterLimit = 16;
 
-/// Calls a member's slot. The arguments already have the slot's types: each is in the payload of its variant,
-/// and a by-value variant is the variant itself. The last argument comes first, as hosts pass them. `result`
-/// receives the slot's result.
-using Invoker = HRESULT (*)(Instance*, VARIANT* arguments, void* result);
+/// Calls a slot. The arguments already have the slot's types: each is in the payload of its variant, and a
+/// by-value variant is the variant itself. The last argument comes first, as hosts pass them. `result`
+/// receives the slot's result. Slots of the same layout share one.
+using Invoker = HRESULT (*)(const void* slot, Instance*, VARIANT* arguments, void* result);
 
 struct Member {
     const wchar_t* name = nullptr;
@@ -94,12 +97,16 @@ struct Publication : ClassEntry {
     std::span<const Parameter> parameters;
     std::span<const std::uint8_t> byName;        // open addressing by folded name; 0 is free, else index + 1
     std::span<const std::uint8_t> byIdentifier;  // the same by identifier
-    const void* const* vtable;
+    const void* const* vtable;                   // IDispatch's own slots, then one for each member
     Instance* (*create)(const Publication&);
     void (*destroy)(Instance*);
 
     CLSID classId() const;
     IID interfaceId() const;
+
+    const void* slotOf(const Member& member) const {
+        return vtable[inheritedSlots + static_cast<std::size_t>(&member - members.data())];
+    }
 
     std::span<const Parameter> parametersOf(const Member& member) const {
         return parameters.subspan(member.firstParameter, member.parameterCount);
@@ -120,7 +127,8 @@ struct Library {
     WORD minorVersion;
     HRESULT (*load)(ITypeLib**);
 
-    /// The description of one of the library's types.
+    /// The description of one of the library's types. For objects of the module, which hold it: they keep the
+    /// library loaded between calls.
     HRESULT describe(REFGUID type, ITypeInfo** description) const;
 };
 

@@ -1,12 +1,17 @@
 // The words of a publication table, and the templates that make vtable, dispatch and type library from it.
 //
-// Beside the class stands its table:
+// Beside the class stands its table, each row with the number of its slot:
 //
+//     // clang-format off
 //     PUBLISH(VorlaChaine,
-//             METHOD(CBR, L"Chaine", L"Longueur"),
-//             METHOD(NumLet, L"Chaine", optional(L"Longueur")),
-//             METHOD(SplitStr, L"Chaine"),
-//             RESERVED_SLOT)
+//             VIEWING_METHOD(0, CBR, L"Chaine", L"Longueur"),
+//             VIEWING_METHOD(1, NumLet, L"Chaine", optional(L"Longueur")),
+//             METHOD(2, LoadMsgLng, L"strMsgId"),
+//             RESERVED_SLOT(3))
+//     // clang-format on
+//
+// The order of the rows is the binary interface: slots and identifiers follow from it, and hosts have them
+// compiled in. A new row goes to the end. A row whose number is not its place does not compile.
 //
 // Member identifiers: methods and reserved slots take 0x60030000 plus their ordinal among them; the
 // accessors of a property share 0x68030000 plus a number counted down to 0 at the last declared property;
@@ -30,38 +35,41 @@
         return publication;                                                                  \
     }
 
-// A row of the table: which procedure, under which name, as which kind of member, with which parameters.
-#define VORLA_ROW(Procedure, name, kind, ...)                 \
+// A row of the table: at which place, which procedure, under which name, as which kind of member, with which
+// parameters.
+#define VORLA_ROW(slot, Procedure, name, kind, ...)           \
     ::vorla::publishing::row<::vorla::publishing::Procedure>( \
-        name, ::vorla::MemberKind::kind __VA_OPT__(, ) __VA_ARGS__)
+        slot, name, ::vorla::MemberKind::kind __VA_OPT__(, ) __VA_ARGS__)
 
-/// A member function under its own name: METHOD(name, parameters...).
-#define METHOD(name, ...) \
-    VORLA_ROW(MemberFunction<&Published::name>, L"" #name, method __VA_OPT__(, ) __VA_ARGS__)
+/// A member function under its own name: METHOD(slot, name, parameters...).
+#define METHOD(slot, name, ...) \
+    VORLA_ROW(slot, MemberFunction<&Published::name>, L"" #name, method __VA_OPT__(, ) __VA_ARGS__)
 
-/// A member function under a name that is no identifier: METHOD_AS(function, L"name", parameters...).
-#define METHOD_AS(function, name, ...) \
-    VORLA_ROW(MemberFunction<&Published::function>, name, method __VA_OPT__(, ) __VA_ARGS__)
+/// The same for a function that runs no code of the host while it needs its arguments. Those that it only
+/// reads lie where the caller has them, without a copy.
+#define VIEWING_METHOD(slot, name, ...) \
+    VORLA_ROW(slot, ViewingFunction<&Published::name>, L"" #name, method __VA_OPT__(, ) __VA_ARGS__)
 
-/// The accessors of a property, each made by a member function: PROPERTY_GET(name, function, indexes...).
-/// The new value of LET and SET is the function's last parameter and has no name.
-#define PROPERTY_GET(name, function, ...) \
-    VORLA_ROW(MemberFunction<&Published::function>, L"" #name, get __VA_OPT__(, ) __VA_ARGS__)
-#define PROPERTY_LET(name, function, ...) \
-    VORLA_ROW(MemberFunction<&Published::function>, L"" #name, let __VA_OPT__(, ) __VA_ARGS__)
-#define PROPERTY_SET(name, function, ...) \
-    VORLA_ROW(MemberFunction<&Published::function>, L"" #name, set __VA_OPT__(, ) __VA_ARGS__)
+/// A member function under a name that is no identifier: METHOD_AS(slot, function, L"name", parameters...).
+#define METHOD_AS(slot, function, name, ...) \
+    VORLA_ROW(slot, MemberFunction<&Published::function>, name, method __VA_OPT__(, ) __VA_ARGS__)
 
-/// A public data member, which hosts read and write as a property.
-#define DATA_MEMBER(name)                                        \
-    VORLA_ROW(ReadDataMember<&Published::name>, L"" #name, get), \
-        VORLA_ROW(WriteDataMember<&Published::name>, L"" #name, let)
+/// The accessors of a property, each made by a member function: PROPERTY_GET(slot, name, function,
+/// indexes...). The new value of LET and SET is the function's last parameter and has no name.
+#define PROPERTY_GET(slot, name, function, ...) \
+    VORLA_ROW(slot, MemberFunction<&Published::function>, L"" #name, get __VA_OPT__(, ) __VA_ARGS__)
+#define PROPERTY_LET(slot, name, function, ...) \
+    VORLA_ROW(slot, MemberFunction<&Published::function>, L"" #name, let __VA_OPT__(, ) __VA_ARGS__)
+#define PROPERTY_SET(slot, name, function, ...) \
+    VORLA_ROW(slot, MemberFunction<&Published::function>, L"" #name, set __VA_OPT__(, ) __VA_ARGS__)
+
+/// A public data member, which hosts read and write as a property. It takes two slots.
+#define DATA_MEMBER(slot, name)                                        \
+    VORLA_ROW(slot, ReadDataMember<&Published::name>, L"" #name, get), \
+        VORLA_ROW((slot) + 1, WriteDataMember<&Published::name>, L"" #name, let)
 
 /// The place of a private procedure.
-#define RESERVED_SLOT                                               \
-    ::vorla::publishing::Row<::vorla::publishing::NoProcedure, 0> { \
-        L"", ::vorla::MemberKind::reserved, {}                      \
-    }
+#define RESERVED_SLOT(slot) VORLA_ROW(slot, NoProcedure, L"", reserved)
 
 namespace vorla {
 
@@ -103,6 +111,11 @@ namespace publishing {
 template <class... Types>
 struct TypeList {};
 
+template <class Procedure>
+auto& objectOf(Instance* self) {
+    return static_cast<InstanceOf<typename Procedure::Object>*>(self)->object;
+}
+
 /// A procedure is what a slot runs on the C++ object: a member function,
 template <auto function, class Function = decltype(function)>
 struct MemberFunction;
@@ -120,6 +133,10 @@ struct MemberFunction<function, R (Class::*)(P...)> {
 
 template <auto function, class Class, class R, class... P>
 struct MemberFunction<function, R (Class::*)(P...) const> : MemberFunction<function, R (Class::*)(P...)> {};
+
+/// one that needs no copies of its arguments,
+template <auto function>
+struct ViewingFunction : MemberFunction<function> {};
 
 /// the reading of a data member,
 template <auto member, class Member = decltype(member)>
@@ -151,23 +168,95 @@ struct NoProcedure {
     using Parameters = TypeList<>;
 };
 
-template <class Raw>
-constexpr bool isNullReference(const Raw& raw) {
-    // A by-reference argument must refer to a variable; an interface pointer may be Nothing.
-    if constexpr (std::is_pointer_v<Raw>)
+template <class Procedure>
+constexpr bool views = false;
+template <auto function>
+constexpr bool views<ViewingFunction<function>> = true;
+
+// How an argument is held for the length of a call.
+template <class P, bool view>
+struct Holder {
+    using Type = typename Crossing<P>::Argument;
+};
+template <class P>
+requires requires { typename Crossing<P>::View; }
+struct Holder<P, true> {
+    using Type = typename Crossing<P>::View;
+};
+
+/// A by-reference argument must refer to a variable; an interface pointer may be Nothing.
+template <class P>
+constexpr bool hasNoVariable(const typename Crossing<P>::Raw& raw) {
+    if constexpr (std::is_reference_v<P>)
         return !raw;
     else
         return false;
 }
 
-template <class P>
-constexpr bool hasNoVariable(const typename Crossing<P>::Raw& raw) {
-    return std::is_reference_v<P> && isNullReference(raw);
-}
+/// The static function in the vtable, with the binary layout of a COM method.
+template <class Procedure, class Parameters = typename Procedure::Parameters,
+          class Result = typename Procedure::Result>
+struct Slot;
 
-/// An argument as dispatch hands it over.
+template <class Procedure, class... P, class Result>
+struct Slot<Procedure, TypeList<P...>, Result> {
+    static HRESULT STDMETHODCALLTYPE call(Instance* self, typename Crossing<P>::Raw... raw,
+                                          typename Crossing<Result>::Raw* result) noexcept {
+        HRESULT failure;
+        if (!result || (hasNoVariable<P>(raw) || ...)) {
+            failure = Instance::reportNullPointer();
+            if (!result) return failure;
+        } else {
+            try {
+                std::tuple<typename Holder<P, views<Procedure>>::Type...> arguments(raw...);
+                std::apply(
+                    [&](auto&... argument) {
+                        auto value = Procedure::run(objectOf<Procedure>(self), argument.value()...);
+                        (argument.commit(), ...);
+                        *result = Crossing<Result>::give(std::move(value));
+                    },
+                    arguments);
+                return S_OK;
+            } catch (...) {
+                failure = self->reportFailure();
+            }
+        }
+        // Cleared only now: a host may use one variable as argument and result.
+        *result = {};
+        return failure;
+    }
+};
+
+template <class Procedure, class... P>
+struct Slot<Procedure, TypeList<P...>, void> {
+    static HRESULT STDMETHODCALLTYPE call(Instance* self, typename Crossing<P>::Raw... raw) noexcept {
+        if ((hasNoVariable<P>(raw) || ...)) return Instance::reportNullPointer();
+        try {
+            std::tuple<typename Holder<P, views<Procedure>>::Type...> arguments(raw...);
+            std::apply(
+                [&](auto&... argument) {
+                    Procedure::run(objectOf<Procedure>(self), argument.value()...);
+                    (argument.commit(), ...);
+                },
+                arguments);
+            return S_OK;
+        } catch (...) {
+            return self->reportFailure();
+        }
+    }
+};
+
+template <>
+struct Slot<NoProcedure, TypeList<>, void> {
+    static HRESULT STDMETHODCALLTYPE call(Instance* self) noexcept { return Instance::reserved(self); }
+};
+
+/// Raw types that are passed alike: one door from dispatch serves all slots of the same layout.
 template <class Raw>
-Raw rawArgument(const VARIANT& argument) {
+using Passed = std::conditional_t<std::is_pointer_v<Raw>, void*, Raw>;
+
+template <class Raw>
+Raw passed(const VARIANT& argument) {
     if constexpr (std::is_same_v<Raw, VARIANT>) {
         return argument;
     } else {
@@ -177,72 +266,29 @@ Raw rawArgument(const VARIANT& argument) {
     }
 }
 
-/// The static function in the vtable, with the binary layout of a COM method, and its door from dispatch.
-template <class Procedure, class Parameters = typename Procedure::Parameters,
-          class Result = typename Procedure::Result>
-struct Slot;
-
-template <class Procedure, class... P, class Result>
-struct Slot<Procedure, TypeList<P...>, Result> {
-    using Object = InstanceOf<typename Procedure::Object>;
-
-    static HRESULT STDMETHODCALLTYPE call(Instance* self, typename Crossing<P>::Raw... raw,
-                                          typename Crossing<Result>::Raw* result) noexcept {
-        if (!result || (hasNoVariable<P>(raw) || ...)) return Instance::reportNullPointer();
-        const auto answer = self->run([&] {
-            std::tuple<typename Crossing<P>::Argument...> arguments(raw...);
-            std::apply(
-                [&](auto&... argument) {
-                    auto value = Procedure::run(static_cast<Object*>(self)->object, argument.value()...);
-                    (argument.commit(), ...);
-                    *result = Crossing<Result>::give(std::move(value));
-                },
-                arguments);
-        });
-        // Cleared only now: a host may use one variable as argument and result.
-        if (FAILED(answer)) *result = {};
-        return answer;
-    }
-
-    static HRESULT invoke(Instance* self, [[maybe_unused]] VARIANT* arguments, void* result) {
-        return [&]<std::size_t... i>(std::index_sequence<i...>) {
-            return call(self, rawArgument<typename Crossing<P>::Raw>(arguments[sizeof...(P) - 1 - i])...,
-                        static_cast<typename Crossing<Result>::Raw*>(result));
+/// The way from dispatch to a slot; see Invoker.
+template <bool hasResult, class... Raw>
+HRESULT throughDoor(const void* slot, Instance* self, [[maybe_unused]] VARIANT* arguments,
+                    [[maybe_unused]] void* result) {
+    return [&]<std::size_t... i>(std::index_sequence<i...>) {
+        const auto function = const_cast<void*>(slot);
+        if constexpr (hasResult) {
+            using Function = HRESULT(STDMETHODCALLTYPE*)(Instance*, Raw..., void*);
+            return reinterpret_cast<Function>(function)(
+                self, passed<Raw>(arguments[sizeof...(Raw) - 1 - i])..., result);
+        } else {
+            using Function = HRESULT(STDMETHODCALLTYPE*)(Instance*, Raw...);
+            return reinterpret_cast<Function>(function)(self,
+                                                        passed<Raw>(arguments[sizeof...(Raw) - 1 - i])...);
         }
-        (std::index_sequence_for<P...>());
     }
-};
+    (std::index_sequence_for<Raw...>());
+}
 
-template <class Procedure, class... P>
-struct Slot<Procedure, TypeList<P...>, void> {
-    using Object = InstanceOf<typename Procedure::Object>;
-
-    static HRESULT STDMETHODCALLTYPE call(Instance* self, typename Crossing<P>::Raw... raw) noexcept {
-        if ((hasNoVariable<P>(raw) || ...)) return Instance::reportNullPointer();
-        return self->run([&] {
-            std::tuple<typename Crossing<P>::Argument...> arguments(raw...);
-            std::apply(
-                [&](auto&... argument) {
-                    Procedure::run(static_cast<Object*>(self)->object, argument.value()...);
-                    (argument.commit(), ...);
-                },
-                arguments);
-        });
-    }
-
-    static HRESULT invoke(Instance* self, [[maybe_unused]] VARIANT* arguments, void*) {
-        return [&]<std::size_t... i>(std::index_sequence<i...>) {
-            return call(self, rawArgument<typename Crossing<P>::Raw>(arguments[sizeof...(P) - 1 - i])...);
-        }
-        (std::index_sequence_for<P...>());
-    }
-};
-
-template <>
-struct Slot<NoProcedure, TypeList<>, void> {
-    static HRESULT STDMETHODCALLTYPE call(Instance* self) noexcept { return Instance::reserved(self); }
-    static constexpr Invoker invoke = nullptr;
-};
+template <class Result, class... P>
+constexpr Invoker doorTo(TypeList<P...>) {
+    return &throughDoor<!std::is_void_v<Result>, Passed<typename Crossing<P>::Raw>...>;
+}
 
 template <class Result>
 constexpr TypeUse resultType() {
@@ -268,19 +314,20 @@ struct Row {
     using Procedure = Procedure_;
     static constexpr std::size_t parameterCount = countOf(typename Procedure::Parameters());
 
+    std::size_t slot;
     const wchar_t* name;
     MemberKind kind;
     std::array<ParameterRow, named> parameters;
 };
 
 template <class Procedure, class... Parameters>
-constexpr auto row(const wchar_t* name, MemberKind kind, Parameters... parameters) {
+constexpr auto row(std::size_t slot, const wchar_t* name, MemberKind kind, Parameters... parameters) {
     using Made = Row<Procedure, sizeof...(Parameters)>;
     const bool stores = kind == MemberKind::let || kind == MemberKind::set;
     // A failed test in a constant expression stops the compilation here.
     if (Made::parameterCount != sizeof...(Parameters) + (stores ? 1 : 0)) throw "one name per parameter";
     if (Made::parameterCount > parameterLimit) throw "raise parameterLimit";
-    return Made{name, kind, {ParameterRow(parameters)...}};
+    return Made{slot, name, kind, {ParameterRow(parameters)...}};
 }
 
 template <class Procedure>
@@ -326,13 +373,15 @@ private:
     template <class Row>
     constexpr void add(const Row& row) {
         using Procedure = typename Row::Procedure;
+        if (row.slot != filled_) throw "a row's number is its place: the order of the rows is the interface";
         Member& member = members_[filled_];
         member.name = row.name;
         member.kind = row.kind;
         member.firstParameter = static_cast<std::uint16_t>(filledParameters_);
         member.parameterCount = static_cast<std::uint16_t>(Row::parameterCount);
         member.result = publishing::resultType<typename Procedure::Result>();
-        member.invoke = publishing::Slot<Procedure>::invoke;
+        if (row.kind != MemberKind::reserved)
+            member.invoke = publishing::doorTo<typename Procedure::Result>(typename Procedure::Parameters());
         addParameters(row);
         if (row.kind == MemberKind::method || row.kind == MemberKind::reserved)
             member.id = methods + static_cast<DISPID>(methodCount_++);

@@ -11,6 +11,11 @@ namespace vorla::module {
 void addReference() noexcept;
 void release() noexcept;
 
+/// The module's type library, loaded by `load` at first use and kept until the last reference to the module
+/// goes. Any thread may ask, but only for something that holds a reference. A description that the host still
+/// has afterwards is the system's and lives on without the module.
+HRESULT typeLibrary(HRESULT (*load)(ITypeLib**), ITypeLib** library) noexcept;
+
 /// Whether nothing of ours is in use any more.
 bool canUnload() noexcept;
 
