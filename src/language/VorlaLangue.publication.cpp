@@ -29,7 +29,7 @@ PUBLISH(VorlaLangue,
         METHOD(24, LngGetPresent, L"TypeRetour", optional(L"Lst")),
         METHOD(25, StringEscape, L"strMsg"),
         METHOD(26, StringUnEscape, L"strMsg"),
-        RESERVED_SLOT(27),  // the routine behind every read
+        RESERVED_SLOT(27),  // the routine that reads every value
         METHOD(28, LoadMsgLng, L"strMsgId", optional(L"SuppressEt", false), optional(L"String_1"),
                optional(L"String_2"), optional(L"String_3"), optional(L"String_4")),
         METHOD(29, LoadCtlLng, L"strFormName", L"strCtlName", L"CtlProperty", optional(L"CtlIndex", -1),

@@ -5,7 +5,7 @@
 
 namespace vorla {
 
-// A row's place is its member's identifier and slot: new members go behind the last one.
+// A row's place is its member's identifier and slot: new members go to the end.
 // clang-format off
 PUBLISH(VorlaFichier,
         METHOD(0, NormalisePath, L"Path"),

@@ -5,7 +5,7 @@
 namespace vorla {
 namespace {
 
-// Whatever type the variable has, it keeps it.
+// The variable keeps its type.
 HRESULT storeTyped(const VARIANT& variable, VARIANT& value, LCID locale) noexcept {
     const auto type = static_cast<VARTYPE>(variable.vt & ~VT_BYREF);
     const auto size = sizeOfValue(type);
@@ -58,14 +58,14 @@ Crossing<Text>::Reference::~Reference() {
     try {
         commit();
     } catch (...) {
-        // No memory for the new text: the caller keeps the old one.
+        // There is no memory for the new text, so the caller keeps the old one.
     }
 }
 
 void Crossing<Text>::Reference::commit() {
     if (value_ == before_) return;
     Bstr replacement{TextView(value_)};
-    // Once: the same variable may have been passed twice, and the last one to commit wins.
+    // Stored once. If the same variable was passed twice, the last argument to commit wins.
     before_ = value_;
     const auto old = Bstr::adopt(std::exchange(*variable_, replacement.detach()));
 }
@@ -77,7 +77,7 @@ Crossing<Variant>::Reference::~Reference() {
     try {
         commit();
     } catch (...) {
-        // The caller's variable does not take it, or there is no memory: it keeps what it has.
+        // The caller's variable cannot hold the value, or there is no memory: it keeps what it has.
     }
 }
 

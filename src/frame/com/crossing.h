@@ -1,20 +1,20 @@
-// How a C++ parameter or result type of a member crosses the automation boundary, once per type.
+// How the C++ type of a parameter or result crosses the automation boundary, once for each type.
 //
 // Crossing<T> has
 //   Raw       the type of the slot's argument
 //   type      what the type library and dispatch call it
-//   Argument  holds a raw argument for the length of a call; value() is what the member takes,
-//             commit() stores what a by-reference one has become, at the latest when the call ends
-//   View      where there is one: Argument without the copy, for members that run no code of the host
-//   take      the C++ value of a raw one, a copy
+//   Argument  holds a raw argument during a call; value() is what the member takes, and commit() stores
+//             the new value of a by-reference argument, at the latest when the call ends
+//   View      Argument without the copy, for members that run no host code; not every type has one
+//   take      makes a C++ value from a raw one, as a copy
 //   give      turns a result into its raw form, which the caller then owns
-// What owns something is made and freed in crossing.cpp, once for all slots.
+// Values that own something are made and freed in crossing.cpp, once for all slots.
 //
 // Results and by-value arguments use Crossing<T>, by-reference arguments Crossing<T&> and, where the member
 // only reads them, Crossing<const T&>.
 //
-// A member owns what it is given: the host's code may run in the middle of it, in a property, an event or a
-// pumped message, and assign to the very variable that was passed.
+// A member owns what it is given. Host code may run in the middle of it, in a property, an event or a pumped
+// message, and may assign to the variable that was passed.
 #pragma once
 
 #include <bit>
@@ -33,7 +33,7 @@
 
 namespace vorla {
 
-/// The types that automation knows by a reference to their description.
+/// The types that automation identifies by a reference to their description.
 enum class Described : std::uint8_t { no, enumeration, record, picture, font };
 
 /// An automation type as publications name it. `number` identifies an enumeration or record.
@@ -96,8 +96,8 @@ private:
     T value_;
 };
 
-/// A by-reference argument whose C++ type is laid out as its raw type. The member works on a copy, and only
-/// what it has changed is written.
+/// A by-reference argument whose C++ type has the layout of its raw type. The member works on a copy, which
+/// is written back only if the member changed it.
 template <class T, class RawType>
 class Written {
 public:
@@ -118,7 +118,7 @@ private:
     T before_;
 };
 
-/// A type that is the same on both sides, but for its name.
+/// A type that is the same on both sides except for its name.
 template <class T, class RawType>
 struct Same {
     using Raw = RawType;
@@ -134,7 +134,7 @@ HRESULT store(VARIANT& variable, VARIANT& value, LCID locale) noexcept;
 
 }  // namespace crossing
 
-/// By reference: whatever the type says of itself, behind a pointer.
+/// By reference: a pointer to the raw type.
 template <class T>
 struct Crossing<T&> {
     using Raw = typename Crossing<T>::Raw*;
@@ -142,7 +142,7 @@ struct Crossing<T&> {
     static constexpr TypeUse type = Crossing<T>::type.referenced();
 };
 
-/// By reference, though the member only reads it.
+/// By reference, but the member only reads it.
 template <class T>
 struct Crossing<const T&> {
     using Raw = typename Crossing<T>::Raw*;
@@ -221,7 +221,7 @@ struct Crossing<Date> {
 
 namespace crossing {
 
-/// Results as strings, whatever shape the member gives them in: one allocation each.
+/// A result that becomes a string with one allocation, in whichever of these types the member returns it.
 struct StringResult {
     using Raw = BSTR;
     static constexpr TypeUse type{VT_BSTR};
@@ -237,8 +237,7 @@ struct Crossing<Text> : crossing::StringResult {
     using Argument = crossing::ByValue<Text, BSTR>;
     static Text take(BSTR text);
 
-    // The caller's string is replaced only when the member has changed it: its other half, odd bytes
-    // included, then survives.
+    // The caller's string is replaced only when the member has changed it, so an odd last byte survives.
     class Reference {
     public:
         explicit Reference(BSTR* variable);
@@ -297,7 +296,7 @@ struct Crossing<Variant> {
         VARIANT* variable_;
         Variant value_;
         Variant before_;
-        const void* block_;  // what `value_` was given with: an array, say
+        const void* block_;  // what `value_` had at first, such as an array
     };
 };
 
@@ -362,7 +361,7 @@ struct Crossing<ComPointer<Interface>> {
         void commit() {
             if (before_.get() == value_.get()) return;
             before_ = value_;
-            // The last reference to an object runs the host's code: the variable holds the new one by then.
+            // Releasing the last reference runs host code, so the variable holds the new object by then.
             auto stored = value_;
             if (Interface* const old = std::exchange(*variable_, stored.detach())) old->Release();
         }
@@ -374,7 +373,7 @@ struct Crossing<ComPointer<Interface>> {
     };
 };
 
-/// A type that the contract lists, with the number that identifies it.
+/// A type in the lists of the contract, with the number that identifies it.
 template <class T>
 concept PublishedEnumeration = std::is_enum_v<T> && contractNumber<T>
 != 0;
@@ -382,8 +381,8 @@ template <class T>
 concept PublishedRecord = std::is_class_v<T> && contractNumber<T>
 != 0;
 
-/// An enumeration of the contract. Hosts may pass any 32-bit value; the member decides what to do with
-/// one that is no member of it.
+/// An enumeration of the contract. Hosts may pass any 32-bit value; the member decides what to do with a
+/// value that is not in the list.
 template <PublishedEnumeration Enumeration>
 struct Crossing<Enumeration> : crossing::Same<Enumeration, LONG> {
     static constexpr TypeUse type{VT_I4, false, Described::enumeration, contractNumber<Enumeration>};
@@ -391,7 +390,7 @@ struct Crossing<Enumeration> : crossing::Same<Enumeration, LONG> {
 
 namespace records {
 
-/// Whether a field, or a whole record, owns nothing outside of it, so that it can be copied byte by byte.
+/// Whether a field, or a whole record, owns no other memory and so can be copied byte by byte.
 template <class Field>
 inline constexpr bool ownsNothing = !std::is_pointer_v<Field>;
 

@@ -33,7 +33,7 @@ bool isMissing(const VARIANT& argument) {
     return argument.vt == VT_ERROR && argument.scode == DISP_E_PARAMNOTFOUND;
 }
 
-// A required variant may well hold a missing value: the member tells what it makes of it.
+// A required variant may hold a missing value; the member decides what that means.
 bool takesMissing(const Parameter& parameter) {
     return parameter.type.type == VT_VARIANT && !parameter.optional;
 }
@@ -54,7 +54,7 @@ HRESULT missingValue(const Parameter& parameter, VARIANT& value) {
         return S_OK;
     }
     if (parameter.whenMissing.kind == Default::Kind::text || type == VT_BSTR) {
-        // To every member an absent string is the empty one, and it costs no allocation.
+        // Members treat an absent string as empty, and it costs no allocation.
         const bool owned = ownsText(parameter.whenMissing);
         value.bstrVal = owned ? SysAllocString(parameter.whenMissing.text) : nullptr;
         value.vt = VT_BSTR;
@@ -81,7 +81,7 @@ HRESULT missingValue(const Parameter& parameter, VARIANT& value) {
     }
 }
 
-// Whether an object is what a parameter of this kind takes. Nothing always is.
+// Whether a parameter of this kind takes the object. It always takes Nothing.
 HRESULT checkObject(Described described, IDispatch* object) {
     if (!object || described == Described::no) return S_OK;
     ComPointer<IUnknown> asked;
@@ -112,14 +112,14 @@ HRESULT describeRecord(const Publication& publication, std::uint16_t number, IRe
     return FAILED(answer) ? answer : GetRecordInfoFromTypeInfo(description.get(), record);
 }
 
-// A record without its description is nothing that a host could read, so nothing runs then.
+// A host cannot read a record without its description, so the member does not run without one.
 HRESULT callForRecord(Instance* object, const Publication& publication, const Member& member,
                       VARIANT* arguments, VARIANT& result) {
     ComPointer<IRecordInfo> record;
     auto answer = describeRecord(publication, member.result.number, record.put());
     void* const made = SUCCEEDED(answer) ? record->RecordCreate() : nullptr;
     if (!made) {
-        // No member has failed: what an older failure has left is not the reason.
+        // No member has failed, so the error information of an older failure must not stay.
         SetErrorInfo(0, nullptr);
         return FAILED(answer) ? answer : E_OUTOFMEMORY;
     }
@@ -146,7 +146,7 @@ HRESULT callSlot(Instance* object, const Publication& publication, const Member&
     }
 }
 
-// Whether each argument already is what the slot takes, so that the caller's own array serves.
+// Whether each argument already has the type that the slot takes, so that the caller's array can be used.
 bool fitsAsItIs(std::span<const Parameter> parameters, const DISPPARAMS& given) {
     if (given.cNamedArgs != 0 || given.cArgs != parameters.size() || !given.rgvarg) return false;
     const VARIANT* argument = given.rgvarg + given.cArgs;
@@ -169,8 +169,8 @@ bool isObject(const VARIANT& value) {
     return type == VT_DISPATCH || type == VT_UNKNOWN;
 }
 
-// Whether giving this argument to this parameter runs code of the host: an object is asked for its default
-// property, or for an interface.
+// Whether converting this argument runs host code: an object is asked for its default property or for an
+// interface.
 bool asksTheHost(const VARIANT* source, const Parameter& parameter) {
     if (!source || ((source->vt & VT_BYREF) && !source->byref)) return false;
     const VARIANT& value = source->vt == (VT_BYREF | VT_VARIANT) ? *source->pvarVal : *source;
@@ -197,12 +197,12 @@ public:
     HRESULT run(VARIANT& result, EXCEPINFO* exception, UINT* badArgument) noexcept;
 
 private:
-    // A value that the slot gets instead of the caller's: a default, a copy, or a converted one. A record's
-    // memory holds it twice, as the slot gets it and as it was.
+    // A value that the slot gets in place of the caller's: a default, a copy, or a converted value. A record
+    // is held twice, as the slot gets it and as it was.
     struct Cell {
         VARIANT value;
         VARIANT before;    // what the slot was given
-        VARIANT* writeTo;  // the caller's argument that gets what the slot has changed; null for none
+        VARIANT* writeTo;  // the caller's argument that receives the change; null if there is none
 
         bool isChanged() const;
         HRESULT store(LCID locale) noexcept;
@@ -222,12 +222,12 @@ private:
     const std::span<const Parameter> parameters_;
     const DISPPARAMS& given_;
     const LCID locale_;
-    // The host's code runs while the arguments are made ready: the slot is given nothing that the host could
-    // change or free by then.
+    // Host code runs while the arguments are prepared, so the slot gets nothing that the host could change or
+    // free in the meantime.
     bool hostRuns_ = false;
     UINT badArgument_ = 0;
     std::size_t cellCount_ = 0;
-    // Only what the call needs of these is ever written.
+    // Only the elements that the call needs are ever written.
     VARIANT* sources_[parameterLimit];  // the caller's argument for each parameter; null when left out
     VARIANT passed_[parameterLimit];    // what the slot gets, in the payload, the last one first
     Cell cells_[parameterLimit];
@@ -302,13 +302,13 @@ HRESULT LateBoundCall::fill(VARIANT& passed, VARIANT* source, const Parameter& p
     }
     if (type == VT_RECORD) return fillRecord(passed, parameter, *source);
     if (byReference && source->vt == (VT_BYREF | type)) {
-        // The caller's own variable, of the very type.
+        // The caller's own variable has exactly the type.
         passed.byref = source->byref;
         return type == VT_DISPATCH ? checkObject(parameter.type.described, *passed.ppdispVal) : S_OK;
     }
     VARIANT& value = held(*source);
     if (!hostRuns_ && type != VT_DISPATCH) {
-        // The slot copies it, or runs nothing that could change it.
+        // The slot copies it, or runs no code that could change it.
         if (!byReference && (value.vt == type || type == VT_VARIANT)) {
             passed = value;
             return S_OK;
@@ -344,7 +344,7 @@ HRESULT LateBoundCall::fillRecord(VARIANT& passed, const Parameter& parameter, V
     if (!isRecordOf(value, identifier(parameter.type.number))) return DISP_E_TYPEMISMATCH;
     passed.byref = value.pvRecord;
     if (&value == &source || (value.vt & VT_BYREF)) return S_OK;
-    // A script may let go of what its variable holds. The records that members take own nothing.
+    // A script may release what its variable holds. The records that members take own no memory.
     ULONG size = 0;
     const auto told = value.pRecInfo->GetSize(&size);
     if (FAILED(told)) return told;
@@ -370,7 +370,7 @@ HRESULT LateBoundCall::convert(VARIANT& value, const Parameter& parameter, const
         const auto copied = copyValue(value, source);
         if (FAILED(copied) || type != VT_DISPATCH) return copied;
     } else if (isObject(source)) {
-        // Its own default property may let go of it.
+        // Its own default property may release it.
         VARIANT asked{};
         auto answer = copyValue(asked, source);
         if (SUCCEEDED(answer)) answer = changeType(value, asked, locale_, 0, type);
@@ -383,8 +383,8 @@ HRESULT LateBoundCall::convert(VARIANT& value, const Parameter& parameter, const
     return type == VT_DISPATCH ? checkObject(parameter.type.described, value.pdispVal) : S_OK;
 }
 
-// The slot writes only what its member has changed, and what it writes is new: a text never comes to lie
-// where the one that it replaces was.
+// The slot writes only what its member has changed. A new text is at a new address, so comparing addresses
+// shows whether a text was written.
 bool LateBoundCall::Cell::isChanged() const {
     if (value.vt != VT_RECORD) return std::memcmp(&value, &before, sizeof value) != 0;
     const auto size = static_cast<const char*>(before.pvRecord) - static_cast<const char*>(value.pvRecord);
@@ -415,7 +415,7 @@ HRESULT LateBoundCall::writeBack() noexcept {
     return answer;
 }
 
-// Apart from the straight call, which would otherwise pay for this one's large frame.
+// Not inlined, so that the direct call does not pay for this function's large stack frame.
 [[gnu::noinline]] HRESULT convertAndCall(Instance* object, const Publication& publication,
                                          const Member& member, const DISPPARAMS& given, LCID locale,
                                          VARIANT& result, EXCEPINFO* exception, UINT* badArgument) {
@@ -426,7 +426,7 @@ HRESULT LateBoundCall::writeBack() noexcept {
 
 void discard(VARIANT& result) noexcept {
     if (result.vt == VT_RECORD) {
-        // Not every system frees a record's memory with the variant.
+        // Some systems do not free a record's memory with the variant.
         result.pRecInfo->RecordDestroy(result.pvRecord);
         result.pRecInfo->Release();
         result.vt = VT_EMPTY;

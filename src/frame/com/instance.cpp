@@ -11,14 +11,14 @@
 namespace vorla {
 namespace {
 
-// A failure that has nothing to add to its code must not be read with an older failure's description.
+// Clears the error information, so that a failure without a description does not show that of an older one.
 HRESULT withoutDescription(HRESULT failure) noexcept {
     SetErrorInfo(0, nullptr);
     return failure;
 }
 
-// Leaves the description for the host and answers the code. What nobody has described is told under our own
-// name, in the words of the number.
+// Stores the description for the host and returns the code. What has no description gets our own name and the
+// text of its number.
 HRESULT describe(const Publication& publication, ErrorNumber number, HRESULT code,
                  const ErrorReport& report) noexcept {
     try {
@@ -29,7 +29,7 @@ HRESULT describe(const Publication& publication, ErrorNumber number, HRESULT cod
                                                    report.helpFile.view(), report.helpContext}))
             return code;
     } catch (const std::bad_alloc&) {
-        // The code has to do.
+        // The host gets the code alone.
     }
     return withoutDescription(code);
 }
@@ -115,7 +115,7 @@ HRESULT STDMETHODCALLTYPE Instance::invoke(Instance* self, DISPID id, REFIID res
     const Member* const member = publication.find(id, flags);
     if (!member) return refuse(DISP_E_MEMBERNOTFOUND);
 
-    // The result is stored last: a host may use one variable as argument and result.
+    // The result is stored last, because a host may use one variable as argument and result.
     VARIANT outcome{};
     const auto answer =
         dispatch::call(self, publication, *member, *arguments, locale, outcome, exception, badArgument);

@@ -20,10 +20,10 @@ public:
 
     const Publication& publication() const { return publication_; }
 
-    /// For the exception in flight: the code and the error information that the host reads.
+    /// Turns the current exception into the code and the error information that the host reads.
     HRESULT reportFailure() noexcept;
 
-    /// Answers a call that has nowhere to put its result or no variable to refer to.
+    /// Answers a call that has a null pointer in place of its result or of a by-reference variable.
     static HRESULT reportNullPointer() noexcept;
 
     static HRESULT STDMETHODCALLTYPE queryInterface(Instance*, REFIID, void**) noexcept;

@@ -1,6 +1,6 @@
 // The words of a publication table, and the templates that make vtable, dispatch and type library from it.
 //
-// Beside the class stands its table, each row with the number of its slot:
+// Each class has a table; each row starts with the number of its slot:
 //
 //     // clang-format off
 //     PUBLISH(VorlaChaine,
@@ -35,8 +35,7 @@
         return publication;                                                                  \
     }
 
-// A row of the table: at which place, which procedure, under which name, as which kind of member, with which
-// parameters.
+// A row of the table: its place, its procedure, the published name, the kind of member, and the parameters.
 #define VORLA_ROW(slot, Procedure, name, kind, ...)           \
     ::vorla::publishing::row<::vorla::publishing::Procedure>( \
         slot, name, ::vorla::MemberKind::kind __VA_OPT__(, ) __VA_ARGS__)
@@ -45,17 +44,18 @@
 #define METHOD(slot, name, ...) \
     VORLA_ROW(slot, MemberFunction<&Published::name>, L"" #name, method __VA_OPT__(, ) __VA_ARGS__)
 
-/// The same for a function that runs no code of the host while it needs its arguments. Those that it only
-/// reads lie where the caller has them, without a copy.
+/// The same for a function that runs no host code while it needs its arguments. It reads them in the caller's
+/// memory, without a copy.
 #define VIEWING_METHOD(slot, name, ...) \
     VORLA_ROW(slot, ViewingFunction<&Published::name>, L"" #name, method __VA_OPT__(, ) __VA_ARGS__)
 
-/// A member function under a name that is no identifier: METHOD_AS(slot, function, L"name", parameters...).
+/// A member function under a name that is not a C++ identifier: METHOD_AS(slot, function, L"name",
+/// parameters...).
 #define METHOD_AS(slot, function, name, ...) \
     VORLA_ROW(slot, MemberFunction<&Published::function>, name, method __VA_OPT__(, ) __VA_ARGS__)
 
-/// The accessors of a property, each made by a member function: PROPERTY_GET(slot, name, function,
-/// indexes...). The new value of LET and SET is the function's last parameter and has no name.
+/// The accessors of a property, each a member function: PROPERTY_GET(slot, name, function, indexes...). The
+/// new value of LET and SET is the function's last parameter and has no name.
 #define PROPERTY_GET(slot, name, function, ...) \
     VORLA_ROW(slot, MemberFunction<&Published::function>, L"" #name, get __VA_OPT__(, ) __VA_ARGS__)
 #define PROPERTY_LET(slot, name, function, ...) \
@@ -116,7 +116,7 @@ auto& objectOf(Instance* self) {
     return static_cast<InstanceOf<typename Procedure::Object>*>(self)->object;
 }
 
-/// A procedure is what a slot runs on the C++ object: a member function,
+/// A procedure is what a slot runs on the C++ object. This one is a member function.
 template <auto function, class Function = decltype(function)>
 struct MemberFunction;
 
@@ -134,11 +134,11 @@ struct MemberFunction<function, R (Class::*)(P...)> {
 template <auto function, class Class, class R, class... P>
 struct MemberFunction<function, R (Class::*)(P...) const> : MemberFunction<function, R (Class::*)(P...)> {};
 
-/// one that needs no copies of its arguments,
+/// A member function that needs no copies of its arguments.
 template <auto function>
 struct ViewingFunction : MemberFunction<function> {};
 
-/// the reading of a data member,
+/// Reads a data member.
 template <auto member, class Member = decltype(member)>
 struct ReadDataMember;
 
@@ -150,7 +150,7 @@ struct ReadDataMember<member, T Class::*> {
     static T run(Class& object) { return object.*member; }
 };
 
-/// its writing,
+/// Writes a data member.
 template <auto member, class Member = decltype(member)>
 struct WriteDataMember;
 
@@ -162,7 +162,7 @@ struct WriteDataMember<member, T Class::*> {
     static void run(Class& object, T value) { object.*member = std::move(value); }
 };
 
-/// or nothing that a host may run.
+/// Stands for a private procedure, which a host cannot run.
 struct NoProcedure {
     using Result = void;
     using Parameters = TypeList<>;
@@ -173,7 +173,7 @@ constexpr bool views = false;
 template <auto function>
 constexpr bool views<ViewingFunction<function>> = true;
 
-// How an argument is held for the length of a call.
+// How an argument is held during a call.
 template <class P, bool view>
 struct Holder {
     using Type = typename Crossing<P>::Argument;
@@ -221,7 +221,7 @@ struct Slot<Procedure, TypeList<P...>, Result> {
                 failure = self->reportFailure();
             }
         }
-        // Cleared only now: a host may use one variable as argument and result.
+        // Cleared only now, because a host may use one variable as argument and result.
         *result = {};
         return failure;
     }
@@ -251,7 +251,7 @@ struct Slot<NoProcedure, TypeList<>, void> {
     static HRESULT STDMETHODCALLTYPE call(Instance* self) noexcept { return Instance::reserved(self); }
 };
 
-/// Raw types that are passed alike: one door from dispatch serves all slots of the same layout.
+/// Raw types that are passed in the same way. All slots with the same layout share one invoker.
 template <class Raw>
 using Passed = std::conditional_t<std::is_pointer_v<Raw>, void*, Raw>;
 
@@ -308,7 +308,7 @@ constexpr std::size_t countOf(TypeList<P...>) {
     return sizeof...(P);
 }
 
-/// One row of a publication, with as many named parameters as were written.
+/// One row of a publication with its named parameters.
 template <class Procedure_, std::size_t named>
 struct Row {
     using Procedure = Procedure_;
@@ -339,7 +339,7 @@ constexpr bool isDataMember<WriteDataMember<member>> = true;
 
 }  // namespace publishing
 
-/// A class's tables, complete. Only `published` is for use.
+/// The complete tables of a class. Only `published` is meant for use.
 template <class Class, class... Rows>
 class PublicationTable {
 public:

@@ -60,7 +60,7 @@ void writeClass(const Publication& publication, const Text& server) {
 
 bool exists(const Text& path) { return static_cast<bool>(openedIfThere(path, KEY_READ)); }
 
-// The key, unless something is left below it.
+// Removes the key unless something is left below it.
 void removeIfBare(const Text& path) {
     const auto key = openedIfThere(path, KEY_READ);
     if (!key) return;
@@ -87,8 +87,8 @@ Text typeLibraryVersionKey(const Library& library) {
     return typeLibraryKey(library) + L"\\" + versionOf(library);
 }
 
-// Whether the twin of the other word size is registered too. Both share the names of the classes, the
-// type library's key and the interfaces; only class identifiers have a place for each.
+// Whether the DLL of the other word size is registered too. Both share the names of the classes, the type
+// library's key and the interfaces; only class identifiers have a place for each.
 bool isSharedWithTwin(const Library& library) {
     return exists(typeLibraryVersionKey(library) + L"\\0\\" + otherSystem);
 }
@@ -112,7 +112,7 @@ HRESULT guarded(Work&& work) noexcept {
     }
 }
 
-// Removals, each tried whatever became of those before; the first failure is the answer.
+// Removals. Each is tried even when one before it failed; the result is the first failure.
 class Removal {
 public:
     template <class Work>
@@ -127,7 +127,7 @@ private:
 };
 
 void removeTypeLibrary(const Library& library, std::span<const Publication* const> classes, Removal& remove) {
-    // Does what it can; what it leaves, on this system or another, is removed below.
+    // Its failures do not matter: what it leaves is removed below.
     UnRegisterTypeLib(library.id, library.majorVersion, library.minorVersion, 0, thisSystem);
     remove([&] { removeTree(typeLibraryVersionKey(library)); });
     remove([&] { removeIfBare(typeLibraryKey(library)); });
@@ -162,7 +162,7 @@ HRESULT add(const Library& library, std::span<const Publication* const> classes,
         for (const Publication* publication : classes) writeClass(*publication, server);
     });
     if (SUCCEEDED(answer)) return answer;
-    // Where 64-bit systems keep interfaces for 32-bit hosts too, only the system knows of both.
+    // 64-bit systems keep interfaces for 32-bit hosts too, and only the system reaches both.
     if (!wasThere) UnRegisterTypeLib(library.id, library.majorVersion, library.minorVersion, 0, thisSystem);
     for (const TreeCopy& copy : before) copy.restore();
     return answer;
@@ -171,7 +171,7 @@ HRESULT add(const Library& library, std::span<const Publication* const> classes,
 HRESULT remove(const Library& library, std::span<const Publication* const> classes) noexcept {
     Removal remove;
     for (const Publication* publication : classes) remove([&] { removeTree(keyOf(*publication)); });
-    // What cannot be told is left to the twin.
+    // If this cannot be found out, everything shared stays.
     bool shared = true;
     remove([&] { shared = isSharedWithTwin(library); });
     if (shared) {

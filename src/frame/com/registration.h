@@ -13,8 +13,8 @@ namespace vorla::registration {
 /// leaves the registry as it was, with an earlier registration if there was one.
 HRESULT add(const Library& library, std::span<const Publication* const> classes, const Text& server) noexcept;
 
-/// Removes everything that `add` wrote; what is not there is no failure. Continues after a key that cannot be
-/// removed; the first such failure is the answer.
+/// Removes everything that `add` wrote; a missing key is not a failure. Continues after a key that cannot be
+/// removed, and returns the first such failure.
 HRESULT remove(const Library& library, std::span<const Publication* const> classes) noexcept;
 
 }  // namespace vorla::registration

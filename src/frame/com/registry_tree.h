@@ -1,4 +1,4 @@
-// Keys of HKEY_CLASSES_ROOT with everything below them: removed, and remembered to be brought back.
+// Removes keys of HKEY_CLASSES_ROOT with everything below them, and remembers and restores them.
 #pragma once
 
 #include <vector>
@@ -9,7 +9,7 @@
 
 namespace vorla::registration {
 
-/// A registration that cannot go on, with the code that its caller gets.
+/// A registration that cannot continue, with the code that its caller gets.
 class Failure {
 public:
     explicit Failure(HRESULT failure) : code(failure) {}
@@ -21,10 +21,10 @@ inline void checkCall(HRESULT answer) {
 }
 inline void checkRegistry(LSTATUS answer) { checkCall(HRESULT_FROM_WIN32(static_cast<DWORD>(answer))); }
 
-/// The key, opened; none when it is not there. Any other failure is one.
+/// Opens the key; empty when the key does not exist. Any other failure is thrown.
 RegistryKey openedIfThere(const Text& path, REGSAM access);
 
-/// Removes the key and everything below it; what is not there is no failure. Stops at the first key that
+/// Removes the key and everything below it; a missing key is not a failure. Stops at the first key that
 /// cannot be removed.
 void removeTree(const Text& path);
 
@@ -33,7 +33,7 @@ class TreeCopy {
 public:
     explicit TreeCopy(const Text& path);
 
-    /// Makes the key what it was. Only what has changed is written. Continues after what the system refuses.
+    /// Restores the key. Writes only what has changed, and continues when the system refuses something.
     void restore() const noexcept;
 
 private:
@@ -55,7 +55,7 @@ private:
     static void restore(const Branch& branch);
 
     Text path_;
-    // One, or none when the key was not there.
+    // Empty when the key did not exist.
     std::vector<Branch> kept_;
 };
 

@@ -1,14 +1,13 @@
 // The parts of the compiler's runtime that the component replaces.
 //
-// Handles of locks. The runtime keeps those that it makes for itself when the module goes, so that a host
-// which loads and unloads the component again and again would lose them each time. The linker leads the
-// runtime's calls here (--wrap).
+// Handles of locks. The runtime does not close its own when the module is unloaded, so a host that loads and
+// unloads the component repeatedly would lose them each time. The linker leads the runtime's calls here
+// (--wrap).
 //
-// Texts of failures that nobody reads. Before it ends the process, the runtime would write the name of an
-// exception that nothing caught to a console that hosts have not, and exceptions of the standard library
-// carry texts that the border drops. Both bring a quarter of the component's size with them: names taken
-// apart, printf, another kind of strings. Functions that are defined here are not taken from the runtime's
-// libraries.
+// Texts of failures. The runtime writes the name of an uncaught exception to a console before it ends the
+// process, and a host has no console; the standard library's exceptions carry texts that no host sees.
+// Together they were a quarter of the component's size: the demangler, printf, a second kind of strings. The
+// linker takes a function that is defined here in place of the runtime's.
 
 #include <cstdlib>
 #include <exception>
@@ -20,10 +19,10 @@
 
 namespace {
 
-// More than the runtime makes. Those beyond would be kept, as without this file.
+// More than the runtime makes. Any further handles would stay open, as they would without this file.
 void* handles[32];
 
-// Whether there was a place that held the one and now holds the other.
+// Puts `next` where `present` was. Returns whether there was such a place.
 bool replace(void* present, void* next) noexcept {
     for (void*& handle : handles)
         if (InterlockedCompareExchangePointer(&handle, next, present) == present) return true;
@@ -37,7 +36,7 @@ HANDLE WINAPI createSemaphore(SECURITY_ATTRIBUTES*, LONG count, LONG most, LPCWS
     return made;
 }
 
-// What is made first goes last: the runtime's own objects are gone by then.
+// Made first and so destroyed last, after the runtime's own objects.
 struct Release {
     ~Release() {
         for (void*& handle : handles)
@@ -68,8 +67,8 @@ void __wrap___gthr_win32_mutex_destroy(__gthread_mutex_t* mutex) {
 
 namespace {
 
-// What the standard library throws when it is used wrongly; unforeseen, like any exception that has no
-// number.
+// The standard library throws these when it is used wrongly. They are unforeseen, like any exception without
+// a number.
 class LibraryFailure : public std::exception {
 public:
     const char* what() const noexcept override { return "standard library"; }
@@ -77,7 +76,7 @@ public:
 
 }  // namespace
 
-// Nothing may leave the component, so this is the end of the process either way.
+// No exception leaves the component, so the process ends here in any case.
 void __gnu_cxx::__verbose_terminate_handler() { std::abort(); }
 
 namespace std {

@@ -1,4 +1,4 @@
-// The public records as C++ structures, laid out as the type library publishes them.
+// The public records as C++ structures, with the layout that the type library publishes.
 // Their list, shared with the type library, is records.def.
 //
 // They have a namespace of their own because Windows' headers define several of the same names.

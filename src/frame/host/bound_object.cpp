@@ -47,7 +47,7 @@ DISPID BoundObject::id(Literal name) {
     return found;
 }
 
-// In a loop it is always the same pieces of the source that ask.
+// In a loop the same literals are used again and again, so their addresses are compared first.
 HRESULT BoundObject::find(Literal name, DISPID& found) {
     for (const Name& known : names_) {
         if (known.name.isSame(name)) {

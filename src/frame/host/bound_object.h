@@ -18,7 +18,7 @@
 
 namespace vorla {
 
-/// An argument that the host's member may write: the variable gets what it stored.
+/// A by-reference argument: the variable receives what the host's member stores.
 class ByReference {
 public:
     explicit ByReference(Variant& variable) : variable_(&variable) {}
@@ -28,7 +28,7 @@ private:
     Variant* variable_;
 };
 
-/// What an argument or a value for a property looks like to the host.
+/// An argument, or a new value for a property, as the host gets it.
 inline Variant hostArgument(const ByReference& variable) { return variable.argument(); }
 Variant hostArgument(IDispatch* object);
 template <class Interface>
@@ -56,12 +56,11 @@ requires std::is_enum_v<Enumeration> Variant hostArgument(Enumeration value) {
 /// The object in a result. Errors: 91 for Nothing, 424 for what is no object.
 HostObject objectIn(VariantView value);
 
-/// One object and the identifiers of the names used on it. Each name is looked up once; after that a read
-/// is exactly one call of the host, so a loop keeps the object that it asks again and again.
+/// A host object and the identifiers of the names used on it. Each name is looked up once; after that a read
+/// is exactly one call of the host. In a loop, keep the BoundObject.
 ///
-/// Every failure is a RuntimeError: the host's own number where it gives one; otherwise 438 for a name that
-/// the object has not, 13 for arguments that do not fit, 440 for the rest. Nothing answers everything
-/// with 91.
+/// Every failure is a RuntimeError: the host's own number if it gives one; otherwise 438 for an unknown name,
+/// 13 for arguments that do not fit, 440 for everything else. Nothing gives 91.
 class BoundObject {
 public:
     explicit BoundObject(HostObject object) : object_(std::move(object)) {}
@@ -70,14 +69,14 @@ public:
 
     const HostObject& object() const { return object_; }
 
-    /// Whether the object knows the name. Nothing is read or called; Nothing knows none.
+    /// Whether the object knows the name. No property is read. False for Nothing.
     bool knows(Literal name);
 
-    /// Whether the property can be read. It is really read, and as a property: a method is none.
+    /// Whether the property can be read. It is really read, and only as a property: a method does not count.
     bool hasProperty(Literal name);
 
-    /// A property's value, an indexed property's with its indices. Hosts do not tell a property that is read
-    /// from a function that is called, so either answers.
+    /// A property's value; an indexed property's with its indices. A method without a property of the same
+    /// name is called instead, because hosts do not distinguish the two.
     template <class... Indices>
     Variant get(Literal name, const Indices&... indices) {
         return read(id(name), indices...);
@@ -117,7 +116,7 @@ public:
         return run(id(name), DISPATCH_METHOD, given);
     }
 
-    /// The default property, of a collection the item.
+    /// The default property; of a collection, the item.
     template <class... Indices>
     Variant getDefault(const Indices&... indices) {
         return read(DISPID_VALUE, indices...);
@@ -133,8 +132,8 @@ private:
         DISPID id;
     };
 
-    // The arguments in Invoke's order, the last first. Each is made where the host reads it: in a long loop a
-    // copy more would show.
+    // Makes the arguments in Invoke's order, the last first, directly where the host reads them: another copy
+    // would show in a long loop.
     template <class... Arguments>
     static std::array<Variant, sizeof...(Arguments)> reversed(const Arguments&... arguments) {
         return [&]<std::size_t... i>(std::index_sequence<i...>) {

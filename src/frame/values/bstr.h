@@ -1,4 +1,4 @@
-// Automation strings: views of them, and an owner that makes them in one allocation.
+// Automation strings: views of them, and an owner that makes one with a single allocation.
 #pragma once
 
 #include <new>
@@ -10,7 +10,7 @@
 
 namespace vorla {
 
-/// The characters of a BSTR; an absent one is empty. A trailing odd byte is no character.
+/// The characters of a BSTR; empty for an absent one. An odd last byte is ignored.
 inline TextView viewOf(BSTR text) { return {text, SysStringLen(text)}; }
 
 /// Owns one BSTR.
@@ -19,7 +19,7 @@ public:
     Bstr() = default;
     explicit Bstr(TextView text) : text_(allocate(text.data(), text.size())) {}
     explicit Bstr(const Joined& joined) : text_(allocate(nullptr, joined.length())) { joined.copyTo(text_); }
-    // Whether to copy it or to own it is for the caller to say.
+    // Deleted, because a reader could not tell whether it copies the string or takes it over.
     explicit Bstr(BSTR) = delete;
 
     Bstr(Bstr&& other) noexcept : text_(other.detach()) {}
@@ -28,11 +28,11 @@ public:
         return *this;
     }
     ~Bstr() {
-        // Most are empty by then: what they owned was handed on.
+        // Most are empty by then, because they have given up what they owned.
         if (text_) SysFreeString(text_);
     }
 
-    /// Takes over a string that the caller owned.
+    /// Takes over the caller's string.
     static Bstr adopt(BSTR owned) noexcept {
         Bstr result;
         result.text_ = owned;
@@ -43,7 +43,7 @@ public:
     BSTR get() const { return text_; }
     BSTR detach() noexcept { return std::exchange(text_, nullptr); }
 
-    /// Where a function leaves the string that this object then owns. Only for an object that owns none.
+    /// For a function that stores a string through a pointer. The object must be empty.
     BSTR* put() noexcept { return &text_; }
 
 private:

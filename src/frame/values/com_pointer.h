@@ -7,13 +7,12 @@
 
 namespace vorla {
 
-/// Owns one reference to an object, or to Nothing. Laid out as the pointer itself, so that a by-reference
-/// one is the caller's own variable.
+/// Owns one reference to an object, or Nothing. It has the layout of a plain pointer.
 template <class Interface>
 class ComPointer {
 public:
     ComPointer() = default;
-    /// A reference of its own, beside the caller's.
+    /// Adds a reference; the caller keeps its own.
     ComPointer(Interface* object) noexcept : object_(object) {
         if (object_) object_->AddRef();
     }
@@ -27,7 +26,7 @@ public:
         if (object_) object_->Release();
     }
 
-    /// Takes over a reference that the caller owned.
+    /// Takes over the caller's reference.
     static ComPointer adopt(Interface* owned) noexcept {
         ComPointer result;
         result.object_ = owned;
@@ -38,18 +37,18 @@ public:
     Interface* operator->() const { return object_; }
     explicit operator bool() const { return object_ != nullptr; }
 
-    /// Gives the reference to somebody else.
+    /// Gives up ownership and returns the pointer.
     Interface* detach() noexcept { return std::exchange(object_, nullptr); }
 
-    /// Where a function leaves the reference that this object then owns. Only for an object that owns none.
+    /// For a function that stores a reference through a pointer. The object must be empty.
     Interface** put() noexcept { return &object_; }
     void** putVoid() noexcept { return reinterpret_cast<void**>(&object_); }
 
-    /// Another interface of the same object; Nothing when it has none such, or is Nothing itself.
+    /// Another interface of the same object. Nothing when the object lacks it or is Nothing itself.
     template <class Other>
     ComPointer<Other> query(REFIID id = __uuidof(Other)) const noexcept {
         ComPointer<Other> other;
-        // Some objects leave something behind when they refuse.
+        // Some objects store a pointer even when they refuse.
         if (object_ && FAILED(object_->QueryInterface(id, other.putVoid()))) other.detach();
         return other;
     }
@@ -60,7 +59,7 @@ private:
 
 static_assert(sizeof(ComPointer<IUnknown>) == sizeof(IUnknown*));
 
-/// Another interface of an object that somebody else owns, as ComPointer::query().
+/// The same for an object that the caller owns.
 template <class Other>
 ComPointer<Other> queried(IUnknown* object, REFIID id = __uuidof(Other)) noexcept {
     return ComPointer<IUnknown>(object).query<Other>(id);

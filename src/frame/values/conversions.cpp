@@ -68,8 +68,8 @@ constexpr USHORT asHostsJoin = VARIANT_LOCALBOOL;
 
 namespace {
 
-// Hosts nest two or three: an item, its field, the field's value. An object that leads back to itself never
-// ends, and each object on the way is a call of the host.
+// Hosts nest two or three objects: an item, its field, the field's value. An object that leads back to itself
+// would never end.
 constexpr int mostObjects = 8;
 
 Variant defaultProperty(VariantView object) {
@@ -81,7 +81,8 @@ Variant defaultProperty(VariantView object) {
 
 bool isDispatch(const VARIANT& value) { return value.vt == VT_DISPATCH && value.pdispVal; }
 
-// As the automation runtime asks on its own way to a value, but with an end. Whether there is one.
+// Follows default properties as the automation runtime does, but with a limit. Returns whether there is a
+// value.
 bool readPlainValue(VariantView object, LCID locale, Variant& value) {
     auto asked = ComPointer<IDispatch>(object.raw().pdispVal);
     for (int objects = 0; objects < mostObjects; ++objects) {
@@ -226,10 +227,10 @@ double numberOf(TextView numeric) {
     return value;
 }
 
-// Outside of these a double's own text has an exponent, which the formats of some systems repeat.
+// Outside these limits the text of a double has an exponent, which the formats of some systems repeat.
 constexpr double firstDigits = 1e-4, firstExponent = 1e15;
 
-// "-1.25E+17", which some systems write with a point whatever the user's sign is, with that sign.
+// Some systems write "-1.25E+17" with a point whatever the user's decimal sign is. This puts in that sign.
 Text withUsersSign(TextView number) {
     Text result(number);
     const auto point = result.find(L'.');
@@ -239,7 +240,7 @@ Text withUsersSign(TextView number) {
     return result;
 }
 
-// A whole number as its digits: "-1.25E+17" is "-125" and fifteen zeros.
+// The digits of a whole number: "-1.25E+17" is "-125" and fifteen zeros.
 Text withoutExponent(TextView number) {
     const auto mark = number.find(L'E');
     if (mark == TextView::npos) return Text(number);
@@ -263,7 +264,7 @@ std::optional<double> numberIn(TextView text) {
 bool isNumeric(TextView text) { return numberIn(text).has_value(); }
 
 Bstr formattedValue(VariantView value, const wchar_t* format) {
-    // The function writes to neither, which its declaration does not say.
+    // The function changes neither argument, although its declaration does not say so.
     auto read = value.raw();
     Bstr result;
     throwIfFailed(VarFormat(&read, const_cast<LPOLESTR>(format), 0, 0, 0, result.put()));
@@ -273,7 +274,7 @@ Bstr formattedValue(VariantView value, const wchar_t* format) {
 Text roundedNumber(TextView numeric) {
     const double number = numberOf(numeric);
     if (std::abs(number) < firstExponent) return Text(formatted(number, L"0").view());
-    // It is whole, and may have more digits than formats survive.
+    // The number is whole, and may have too many digits for a format.
     return withoutExponent(numberToInvariantText(Variant(number).view()).view());
 }
 
@@ -290,7 +291,7 @@ Variant decimalOf(double number) {
     Variant result;
     DECIMAL decimal;
     throwIfFailed(VarDecFromR8(number, &decimal));
-    // A decimal fills the whole variant, its type included.
+    // A decimal fills the whole variant, including the place of its type.
     result.put()->decVal = decimal;
     result.put()->vt = VT_DECIMAL;
     return result;

@@ -1,5 +1,4 @@
-// From one automation type to another, by the automation runtime's own rules, with failures as
-// run-time errors.
+// Conversions between automation types by the automation runtime's rules. Failures are run-time errors.
 #pragma once
 
 #include <optional>
@@ -10,18 +9,17 @@
 
 namespace vorla {
 
-/// How many bytes a value of this type takes where a variant keeps it; 0 for a type that has none.
+/// The size of a value of this type in bytes; 0 for a type without values.
 std::size_t sizeOfValue(VARTYPE type) noexcept;
 
-/// The run-time number that a failure code stands for; 440, automation error, for one that has none.
+/// The run-time number of a failure code; 440, automation error, for a code without one.
 std::uint16_t errorNumberOf(HRESULT failure) noexcept;
 
-/// The automation runtime's conversion; an object by its default property, through as many objects as
-/// plainValue(). One that leads to no value is a type mismatch. The source is left alone unless it is the
-/// result.
+/// The automation runtime's conversion. An object is converted by its default property, as by plainValue();
+/// one that leads to no value is a type mismatch. The source stays unchanged unless it is also the result.
 HRESULT changeType(VARIANT& result, const VARIANT& source, LCID locale, USHORT flags, VARTYPE type);
 
-/// The automation runtime's copy. It leaves its source alone, which its declaration does not say.
+/// The automation runtime's copy. It does not change its source, although its declaration does not say so.
 inline HRESULT copyValue(VARIANT& result, const VARIANT& source) {
     return VariantCopyInd(&result, const_cast<VARIANT*>(&source));
 }
@@ -29,19 +27,19 @@ inline HRESULT copyValue(VARIANT& result, const VARIANT& source) {
 /// Throws the RuntimeError of a failure code, or std::bad_alloc.
 [[noreturn]] void throwFailure(HRESULT failure);
 
-/// The same for a result that is one.
+/// Does the same if the result is a failure.
 inline void throwIfFailed(HRESULT result) {
     if (FAILED(result)) throwFailure(result);
 }
 
-/// What an object stands for where a value is wanted: its default property, and where that is an object, that
-/// one's. Any other value is itself. Errors: 91 for Nothing, 438 for an object without a default property and
-/// for one that leads through more than eight objects, or the object's own number.
+/// The value of an object: its default property, or if that is an object, the default property of that
+/// object, and so on. Any other value is returned unchanged. Errors: 91 for Nothing, 438 for an object
+/// without a default property and after eight objects, or the object's own number.
 Variant plainValue(VariantView value);
 
-/// A value as one of the given type, an object by its default property; by the user's locale. Doubles
-/// become integers by rounding to nearest, ties to even. Errors: 94 for Null, 13 for what cannot be
-/// converted, 6 for what does not fit.
+/// The value converted to a type by the user's locale; an object by its default property. Doubles become
+/// integers by rounding to nearest, ties to even. Errors: 94 for Null, 13 for a value that cannot be
+/// converted, 6 for one that does not fit.
 Variant converted(VariantView value, VARTYPE type);
 
 /// The same as a C++ value: a boolean, an integer of 8 bits without a sign or of 16 or 32 bits with one, a
@@ -67,14 +65,13 @@ Date convertedTo(VariantView value);
 template <>
 Text convertedTo(VariantView value);
 
-/// A colour of the host as the 32 bits that it is, whether the host counts it with a sign or without:
-/// 0x8000000F and -2147483633 are the same one. Errors: 6 for what has more bits, and as converted().
+/// A host's colour as 32 bits, with a sign or without: 0x8000000F and -2147483633 are the same colour.
+/// Errors: 6 for a number with more bits, and as converted().
 std::int32_t colourIn(VariantView value);
 
-/// A value as text, for as long as the value and this object live: a string is viewed where it lies,
-/// anything else is written out once. Locale: the user's, for numbers, dates and booleans alike.
-/// Errors: 94 for Null, 13 for what has no text, 91 for Nothing, 438 for an object without a default
-/// property.
+/// A value as text, valid as long as the value and this object live: a string is read in place, anything else
+/// is converted once, by the user's locale. Errors: 94 for Null, 13 for a value without text, 91 for Nothing,
+/// 438 for an object without a default property.
 class ValueText {
 public:
     explicit ValueText(const VariantView& value)
@@ -89,40 +86,39 @@ private:
     TextView view_;
 };
 
-/// Whether a type is one that members treat as an amount: 16-bit and 32-bit integer, single, double,
-/// currency or date.
+/// Whether members treat the type as an amount: 16-bit and 32-bit integer, single, double, currency, date.
 bool isAmountType(VARTYPE type) noexcept;
 
-/// A value of an amount's type as text with a point as decimal separator, whatever the system uses; a date
-/// in the system's short form.
+/// An amount as text, with a point as decimal separator whatever the system uses; a date in the system's
+/// short form.
 Bstr numberToInvariantText(VariantView number);
 
 /// Whether the text is a number by the user's locale: its decimal and grouping signs, surrounding
 /// blanks, a currency sign, parentheses or a trailing minus for a negative one.
 bool isNumeric(TextView text);
 
-/// The number that a text is by the same rules; none for any other text.
+/// The number in the text by the same rules; empty if the text is not a number.
 std::optional<double> numberIn(TextView text);
 
-/// A number or date through a format, by the user's locale. Never a text: of a numeric one some systems write
-/// all digits into a buffer for 256.
+/// A number or date through a format, by the user's locale. Do not pass a text: some systems write all digits
+/// of a numeric text into a buffer for 256.
 Bstr formattedValue(VariantView value, const wchar_t* format);
 
-/// A numeric text rounded to a whole number, halves away from zero as formats round; "-" and digits, never an
-/// exponent. Beyond 15 digits there are zeros.
+/// A numeric text rounded to a whole number, halves away from zero as formats round: digits, perhaps after
+/// "-", never an exponent. Zeros follow the first 15 digits.
 Text roundedNumber(TextView numeric);
 
 /// A numeric text in the general form of the user's locale, with an exponent from 10^15 on.
 Text generalNumber(TextView numeric);
 
 /// A number through a format: a pattern or the name of one of the system's formats. Locale: the user's.
-/// Error 6 for what is no number and for a number of more than 28 digits.
+/// Error 6 for infinity, for NaN and for a number of more than 28 digits.
 Bstr formatted(double number, const wchar_t* format);
 
-/// A number in digits, never with an exponent. Locale and errors as above.
+/// The number in digits, never with an exponent. Locale and errors as above.
 Bstr decimalText(double number);
 
-/// Letters changed by the user's locale; everything else stays. The length stays too.
+/// The text with its letters in the other case, by the user's locale. The length stays the same.
 Text upperCased(TextView text);
 Text lowerCased(TextView text);
 

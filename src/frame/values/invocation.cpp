@@ -6,7 +6,7 @@
 namespace vorla {
 namespace {
 
-// Throws the failed call's RuntimeError, or std::bad_alloc; the texts of the object's report have an owner.
+// Throws the RuntimeError of a failed call, or std::bad_alloc. The texts of the object's report are freed.
 [[noreturn]] void throwReported(HRESULT failure, EXCEPINFO& exception) {
     const bool hasReport = failure == DISP_E_EXCEPTION;
     if (hasReport && exception.pfnDeferredFillIn) exception.pfnDeferredFillIn(&exception);
@@ -18,7 +18,7 @@ namespace {
     const auto number = exception.wCode != 0 ? exception.wCode : errorNumberOf(exception.scode);
     const bool isDescribed = !report.description.view().empty();
     if (!isDescribed && report.source.view().empty()) throw RuntimeError(number);
-    // A code that is no run-time number tells a user nothing, unless the object explains it.
+    // A code that is not a run-time number is kept only if the object describes it.
     const bool keepsCode = isDescribed && exception.wCode == 0 && FAILED(exception.scode);
     throw ReportedError(number, keepsCode ? exception.scode : codeOf(static_cast<ErrorNumber>(number)),
                         std::move(report));
@@ -31,7 +31,7 @@ Variant invoked(IDispatch* object, DISPID id, WORD kind, const DISPPARAMS& argum
     Variant result;
     EXCEPINFO exception{};
     const bool writes = (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
-    // Nobody writes to the list of arguments, which its declaration does not say.
+    // Invoke does not change the list of arguments, although its declaration does not say so.
     const auto answer = object->Invoke(id, IID_NULL, locale, kind, const_cast<DISPPARAMS*>(&arguments),
                                        writes ? nullptr : result.put(), &exception, nullptr);
     if (FAILED(answer)) throwReported(answer, exception);

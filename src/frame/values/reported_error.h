@@ -1,4 +1,4 @@
-// A failure that an object of the host, or another component, has described in its own words.
+// A failure that a host object or another component has described.
 #pragma once
 
 #include <utility>
@@ -9,7 +9,7 @@
 
 namespace vorla {
 
-/// What there is to say about a failure beside its code; what is empty is not said.
+/// The description of a failure. Any of these may be empty.
 struct ErrorReport {
     Bstr source;
     Bstr description;
@@ -17,7 +17,7 @@ struct ErrorReport {
     DWORD helpContext = 0;
 };
 
-/// The RuntimeError of such a failure. The code and the report reach our own host as they came.
+/// The RuntimeError of such a failure. Its code and description reach the host unchanged.
 class ReportedError : public RuntimeError {
 public:
     /// `number` is what members that look at it see; `code` is what the host gets.

@@ -1,5 +1,5 @@
-// Owners for what Windows hands out: one line per kind, with the value that is no handle and the function
-// that ends it. What takes two values has a class of its own below. COM objects: com_pointer.h.
+// Owners of Windows handles: one line for each kind, with its invalid value and the function that closes it.
+// Owners that need two values have classes of their own below. References to COM objects: com_pointer.h.
 #pragma once
 
 #include <utility>
@@ -28,17 +28,17 @@ public:
     Handle operator->() const { return handle_; }
     explicit operator bool() const { return handle_ != Kind::invalid(); }
 
-    /// Gives the handle to somebody else.
+    /// Gives up ownership and returns the handle.
     Handle release() noexcept { return std::exchange(handle_, Kind::invalid()); }
 
-    /// Where a function leaves the handle that this object then owns. Only for an object that owns none.
+    /// For a function that stores a handle through a pointer. The object must be empty.
     Handle* put() noexcept { return &handle_; }
 
 private:
     Handle handle_ = Kind::invalid();
 };
 
-// An owner's name, the type of the handle, the value that is none, and what ends it.
+// The owner's name, the type of the handle, its invalid value, and the function that closes it.
 #define VORLA_HANDLE(Owner, Type, none, closer)              \
     struct Owner##Kind {                                     \
         using Handle = Type;                                 \
@@ -68,7 +68,7 @@ VORLA_HANDLE(MemoryContext, HDC,          nullptr,              DeleteDC);
 // clang-format on
 #undef VORLA_HANDLE
 
-/// The device context of a window, or of the screen for no window.
+/// The device context of a window, or of the screen when there is no window.
 class WindowContext {
 public:
     static WindowContext ofClientArea(HWND window) noexcept { return {window, GetDC(window)}; }
@@ -90,8 +90,8 @@ private:
     const HDC context_;
 };
 
-/// A bitmap, font, brush or pen selected into a context, and the one before it put back in the end. Stands
-/// behind both, so that it goes first: neither a selected object nor its context can be deleted.
+/// Selects a bitmap, font, brush or pen into a context and selects the previous one back at the end. Declare
+/// it after both: it must be destroyed first, because a selected object cannot be deleted.
 class SelectedObject {
 public:
     SelectedObject(HDC context, HGDIOBJ object) noexcept

@@ -8,7 +8,7 @@ namespace vorla {
 
 void VariantView::follow() noexcept {
     if (value_.vt == (VT_BYREF | VT_VARIANT)) {
-        // A variable that a script passes; it refers to no further variant.
+        // A script's variable. It never refers to a further variant.
         const VARIANT variable = *value_.pvarVal;
         value_ = variable;
     }
@@ -16,7 +16,7 @@ void VariantView::follow() noexcept {
     const auto type = static_cast<VARTYPE>(value_.vt & ~VT_BYREF);
     const void* const where = value_.byref;
     if (type == VT_DECIMAL) {
-        // A decimal fills the whole variant, its type included.
+        // A decimal fills the whole variant, including the place of its type.
         std::memcpy(&value_.decVal, where, sizeof(DECIMAL));
     } else {
         std::memcpy(&value_.byref, where, sizeOfValue(type));

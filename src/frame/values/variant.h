@@ -1,4 +1,4 @@
-// Automation variants as C++ values: an owner, and a view of one that somebody else owns.
+// Automation variants as C++ values: an owner, and a view of a variant that the caller owns.
 #pragma once
 
 #include <concepts>
@@ -10,8 +10,8 @@
 
 namespace vorla {
 
-/// What a variant holds, read where it lies: never converted, never owned. A variant that refers to
-/// another or to a typed variable is followed to the value itself.
+/// Reads the value of a variant in place, without converting or owning it. A reference to another variant or
+/// to a typed variable is followed to the value.
 class VariantView {
 public:
     VariantView(const VARIANT& value) noexcept : value_(value) {
@@ -35,12 +35,12 @@ private:
     VARIANT value_;
 };
 
-/// Owns one variant. Laid out as a VARIANT, so that a by-reference one is the caller's own.
+/// Owns one variant. It has the layout of a VARIANT.
 class Variant {
 public:
     Variant() = default;
     explicit Variant(VariantView value);
-    // Exactly a bool: a pointer to characters would otherwise become True.
+    // Exactly a bool, because a pointer to characters would otherwise become True.
     template <std::same_as<bool> Boolean>
     Variant(Boolean value) noexcept : Variant(Type{VT_BOOL}) {
         value_.boolVal = value ? VARIANT_TRUE : VARIANT_FALSE;
@@ -61,7 +61,7 @@ public:
         return *this;
     }
     ~Variant() {
-        // Most hold a number, or nothing any more: what they owned was handed on.
+        // Most hold a number, or are empty by then because they have given up what they owned.
         if (mayOwn(value_.vt)) VariantClear(&value_);
     }
 
@@ -69,14 +69,14 @@ public:
     const VARIANT& raw() const { return value_; }
     VARIANT detach() noexcept { return std::exchange(value_, VARIANT{}); }
 
-    /// Where a function leaves the value that this object then owns. Only for an Empty one.
+    /// For a function that stores a value through a pointer. The object must be Empty.
     VARIANT* put() noexcept { return &value_; }
 
 private:
     enum class Type : VARTYPE {};
     explicit Variant(Type type) noexcept { value_.vt = static_cast<VARTYPE>(type); }
 
-    // Whether a value of this type may own something beside itself.
+    // Whether a value of this type may own other memory or an object.
     static bool mayOwn(VARTYPE type) { return type >= VT_BSTR && type != VT_BOOL && type != VT_ERROR; }
 
     VARIANT value_{};
