@@ -11,9 +11,8 @@
 namespace vorla {
 namespace {
 
-using Alignment = Joined (*)(TextView, std::int16_t);
-
-Bstr column(const VariantView& value, std::int16_t width, Alignment align) {
+template <Joined align(TextView, std::int16_t)>
+Bstr column(const VariantView& value, std::int16_t width) {
     if (isAmountType(value.type())) return Bstr(align(numberToInvariantText(value).view(), width));
     return Bstr(align(ValueText(value).view(), width));
 }
@@ -21,11 +20,11 @@ Bstr column(const VariantView& value, std::int16_t width, Alignment align) {
 }  // namespace
 
 Bstr VorlaChaine::CBR(VariantView Chaine, std::int16_t Longueur) {
-    return column(Chaine, Longueur, leftAligned);
+    return column<leftAligned>(Chaine, Longueur);
 }
 
 Bstr VorlaChaine::CBL(VariantView Chaine, std::int16_t Longueur) {
-    return column(Chaine, Longueur, rightAligned);
+    return column<rightAligned>(Chaine, Longueur);
 }
 
 TextView VorlaChaine::ExtraitChaine(TextView Chaine, std::int16_t Rang, TextView Separateur,

@@ -1,4 +1,4 @@
-// Delimiters around a text.
+// Delimiters around a text. Inline, as the columns of padding.h.
 #pragma once
 
 #include "frame/contract/enumerations.h"
@@ -6,8 +6,22 @@
 
 namespace vorla {
 
-/// `text` between two delimiters of the given kind; `custom` is the delimiter of `epsCustom`. An unknown kind
-/// leaves the text unchanged. The result views its arguments.
-Joined quoted(TextView text, eParseSeparator kind, TextView custom);
+/// The delimiter of a kind; `custom` is that of `epsCustom`. Empty for an unknown kind.
+constexpr TextView delimiter(eParseSeparator kind, TextView custom) {
+    switch (kind) {
+        case eParseSeparator::epsDoubleQuote: return L"\"";
+        case eParseSeparator::epsSimpleQuote: return L"'";
+        case eParseSeparator::epsSlash: return L"/";
+        case eParseSeparator::epsBackSlash: return L"\\";
+        case eParseSeparator::epsCustom: return custom;
+    }
+    return {};
+}
+
+/// `text` between two delimiters of the given kind. The result views its arguments.
+constexpr Joined quoted(TextView text, eParseSeparator kind, TextView custom) {
+    const auto mark = delimiter(kind, custom);
+    return {mark, text, mark};
+}
 
 }  // namespace vorla
