@@ -63,8 +63,8 @@ bool fillSilhouette(const Canvas& silhouette, HDC screen, const Target& target, 
 }  // namespace
 
 Canvas::Canvas(HDC screen, Bitmap bitmap, HPALETTE palette)
-    : context_(CreateCompatibleDC(screen)),
-      bitmap_(std::move(bitmap)),
+    : bitmap_(std::move(bitmap)),
+      context_(CreateCompatibleDC(screen)),
       selected_(context_.get(), bitmap_.get()),
       palette_(context_.get(), palette) {}
 

@@ -40,9 +40,9 @@ public:
     void fill(int width, int height, Colour colour) const;
 
 private:
-    // Each is used by the next ones.
-    const MemoryContext context_;
+    // The context ends before its bitmap, so that the bitmap can be deleted even if it stayed selected.
     const Bitmap bitmap_;
+    const MemoryContext context_;
     const SelectedObject selected_;
     const SelectedPalette palette_;
 };
