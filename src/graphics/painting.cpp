@@ -73,8 +73,8 @@ Canvas::Canvas(HDC screen, HBITMAP bitmap, HPALETTE palette)
       selected_(context_.get(), bitmap),
       palette_(context_.get(), palette) {}
 
-Canvas Canvas::ofColours(HDC screen, int width, int height, HPALETTE palette) {
-    return {screen, Bitmap(CreateCompatibleBitmap(screen, width, height)), palette};
+Canvas Canvas::ofColours(HDC device, int width, int height, HPALETTE palette) {
+    return {device, Bitmap(CreateCompatibleBitmap(device, width, height)), palette};
 }
 
 void Canvas::fill(int width, int height, Colour colour) const {
@@ -88,7 +88,7 @@ bool paintTransparent(const Target& target, const Source& source, Colour mask, H
     if (width <= 0 || height <= 0) return false;
     const auto screen = WindowContext::ofClientArea(nullptr);
     const auto work = Canvas::ofColours(screen.get(), width, height, palette);
-    const auto image = Canvas::ofColours(screen.get(), width, height, palette);
+    const auto image = Canvas::ofColours(work.get(), width, height, palette);
     const Canvas leftOut(screen.get(), monochrome(width, height), palette);
     if (!work || !image || !leftOut) return false;
 
@@ -109,7 +109,7 @@ bool paintDisabled(const Target& target, const Source& source, const Embossing& 
     const auto screen = WindowContext::ofClientArea(nullptr);
     const Canvas silhouette(screen.get(), lightAndDark(screen.get(), width, height), palette);
     const auto work = Canvas::ofColours(screen.get(), width, height, palette);
-    const auto stamp = Canvas::ofColours(screen.get(), width, height, palette);
+    const auto stamp = Canvas::ofColours(work.get(), width, height, palette);
     const Canvas shape(screen.get(), monochrome(width, height), palette);
     if (!silhouette || !work || !stamp || !shape) return false;
 

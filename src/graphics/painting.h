@@ -29,8 +29,9 @@ public:
     /// With a bitmap of somebody else's.
     Canvas(HDC screen, HBITMAP bitmap, HPALETTE palette);
 
-    /// With a new bitmap in the screen's colours.
-    static Canvas ofColours(HDC screen, int width, int height, HPALETTE palette);
+    /// With a new bitmap in the colours of the screen or of another canvas, which is asked in a hundredth of
+    /// the time.
+    static Canvas ofColours(HDC device, int width, int height, HPALETTE palette);
 
     HDC get() const { return context_.get(); }
     /// Whether all of it could be made.
