@@ -21,6 +21,9 @@ void measureHostObjects(Bench& bench, const Component& component);
 /// Time per character for long texts compared with short ones.
 void measureGrowth(Bench& bench, const Component& component);
 
+/// Images painted transparent and disabled, compared with the system's functions.
+void measurePainting(Bench& bench, const Component& component);
+
 /// Loading a form's texts compared with just reading them from the language file, and a large form with a
 /// small one.
 void measureFormLoading(Bench& bench, const Component& component);

@@ -47,8 +47,10 @@ target_link_libraries(vorla_frame PUBLIC vorla_rules oleaut32 ole32 uuid)
 add_library(vorla_classes OBJECT
     src/frame/com/catalogue.cpp
     src/frame/com/eEnum.publication.cpp
+    src/graphics/PaintEffects.cpp
     src/graphics/PaintEffects.publication.cpp
     src/graphics/VorlaGraphique.publication.cpp
+    src/graphics/painting.cpp
     src/language/VorlaLangue.cpp
     src/language/VorlaLangue.publication.cpp
     src/language/form_translation.cpp
@@ -155,3 +157,4 @@ add_subdirectory(tests/clients)
 add_subdirectory(examples/cpp)
 add_subdirectory(examples/languages)
 add_subdirectory(examples/folders)
+add_subdirectory(examples/painting)

@@ -119,6 +119,7 @@ public:
 
     // The type in which a value is passed: an enumeration is passed as an integer.
     VARTYPE passed(const TYPEDESC& type) const {
+        if (type.vt == VT_PTR) return VT_DISPATCH;
         if (type.vt != VT_USERDEFINED) return type.vt;
         ComPointer<ITypeInfo> defined;
         TYPEATTR* attributes = nullptr;
@@ -128,6 +129,12 @@ public:
         defined->ReleaseTypeAttr(attributes);
         if (kind == TKIND_ENUM) return VT_I4;
         return kind == TKIND_RECORD ? VT_RECORD : VT_DISPATCH;
+    }
+
+    // A pointer to an interface is an object by value.
+    bool isByReference(const TYPEDESC& type) const {
+        return type.vt == VT_PTR &&
+               !(type.lptdesc->vt == VT_USERDEFINED && passed(*type.lptdesc) == VT_DISPATCH);
     }
 
 private:
@@ -155,7 +162,7 @@ public:
         values_.resize(count);
         for (std::size_t i = 0; i < count; ++i) {
             const ELEMDESC& parameter = member.parameter(i);
-            const bool byReference = parameter.tdesc.vt == VT_PTR;
+            const bool byReference = member.isByReference(parameter.tdesc);
             const auto type = member.passed(byReference ? *parameter.tdesc.lptdesc : parameter.tdesc);
             const bool given = i < called.arguments.size() && !called.arguments[i].value.view().isMissing();
             if (!given) values_[i] = whenMissing(parameter, type);

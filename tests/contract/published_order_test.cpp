@@ -199,5 +199,13 @@ TEST(PublishedOrder, ofVorlaLangue) {
                     {L"LngRedimCtl", 0x6003000D}});
 }
 
+TEST(PublishedOrder, ofPaintEffects) {
+    expectOrder(numberOfPaintEffects, {{L"PaintDisabledStdPic", 0x60030000},
+                                       {L"PaintDisabledDC", 0x60030001},
+                                       {L"PaintTransparentDC", 0x60030002},
+                                       {L"PaintTransparentStdPic", 0x60030003},
+                                       {L"PaintNormalStdPic", 0x60030004}});
+}
+
 }  // namespace
 }  // namespace vorla::test

@@ -107,5 +107,22 @@ TEST(SelectedObject, theOneBeforeIsPutBack) {
     EXPECT_EQ(before, GetCurrentObject(context.get(), OBJ_BRUSH));
 }
 
+TEST(SelectedPalette, theOneBeforeIsPutBack) {
+    const MemoryContext context(CreateCompatibleDC(nullptr));
+    const Palette palette(CreateHalftonePalette(nullptr));
+    const auto before = GetCurrentObject(context.get(), OBJ_PAL);
+    Intercept<decltype(RealizePalette)> realised(program, "gdi32.dll", "RealizePalette");
+    {
+        const SelectedPalette selected(context.get(), palette.get());
+        EXPECT_EQ(palette.get(), GetCurrentObject(context.get(), OBJ_PAL));
+        EXPECT_EQ(1, realised.calls());
+    }
+    EXPECT_EQ(before, GetCurrentObject(context.get(), OBJ_PAL));
+    EXPECT_EQ(2, realised.calls());
+    // Without a palette nothing is selected.
+    { const SelectedPalette none(context.get(), nullptr); }
+    EXPECT_EQ(2, realised.calls());
+}
+
 }  // namespace
 }  // namespace vorla::test

@@ -252,8 +252,8 @@ private:
             if (parameter.name) names.push_back(name(parameter.name));
         check(dual->SetFuncAndParamNames(index, names.data(), static_cast<UINT>(names.size())),
               "SetFuncAndParamNames");
-        if (publication.documentation)
-            check(dual->SetFuncDocString(index, name(publication.documentation)), "SetFuncDocString");
+        if (member.documentation)
+            check(dual->SetFuncDocString(index, name(member.documentation)), "SetFuncDocString");
     }
 
     const Library& library_;

@@ -42,9 +42,12 @@ struct TypeUse {
     bool byReference = false;
     Described described = Described::no;
     std::uint16_t number = 0;
-    bool onlyRead = false;  // by reference, and never written
+    bool onlyRead = false;    // by reference, and never written
+    bool eitherSign = false;  // late-bound, an unsigned number stands for the same bits
 
-    constexpr TypeUse referenced(bool read = false) const { return {type, true, described, number, read}; }
+    constexpr TypeUse referenced(bool read = false) const {
+        return {type, true, described, number, read, eitherSign};
+    }
 };
 
 /// The number under which a contract type is identified.
@@ -157,6 +160,15 @@ struct Crossing<std::int16_t> : crossing::Same<std::int16_t, SHORT> {
 template <>
 struct Crossing<std::int32_t> : crossing::Same<std::int32_t, LONG> {
     static constexpr TypeUse type{VT_I4};
+};
+template <>
+struct Crossing<Bits32> {
+    using Raw = LONG;
+    using Argument = crossing::ByValue<Bits32, Raw>;
+    using Reference = crossing::Written<Bits32, Raw>;
+    static constexpr TypeUse type{VT_I4, false, Described::no, 0, false, true};
+    static Bits32 take(Raw value) { return {static_cast<std::int32_t>(value)}; }
+    static Raw give(Bits32 value) { return value.bits; }
 };
 template <>
 struct Crossing<std::uint8_t> : crossing::Same<std::uint8_t, BYTE> {

@@ -213,6 +213,7 @@ private:
     HRESULT fillRecord(VARIANT& passed, const Parameter& parameter, VARIANT& source) noexcept;
     HRESULT fillCell(VARIANT& passed, VARIANT* source, const Parameter& parameter) noexcept;
     HRESULT convert(VARIANT& value, const Parameter& parameter, const VARIANT& source) noexcept;
+    HRESULT changeTo(TypeUse type, VARIANT& value, const VARIANT& source) const noexcept;
     HRESULT writeBack() noexcept;
     UINT indexOf(const VARIANT* argument) const { return static_cast<UINT>(argument - given_.rgvarg); }
 
@@ -373,14 +374,24 @@ HRESULT LateBoundCall::convert(VARIANT& value, const Parameter& parameter, const
         // Its own default property may release it.
         VARIANT asked{};
         auto answer = copyValue(asked, source);
-        if (SUCCEEDED(answer)) answer = changeType(value, asked, locale_, 0, type);
+        if (SUCCEEDED(answer)) answer = changeTo(parameter.type, value, asked);
         VariantClear(&asked);
         if (FAILED(answer)) return answer;
     } else {
-        const auto answer = changeType(value, source, locale_, 0, type);
+        const auto answer = changeTo(parameter.type, value, source);
         if (FAILED(answer)) return answer;
     }
     return type == VT_DISPATCH ? checkObject(parameter.type.described, value.pdispVal) : S_OK;
+}
+
+HRESULT LateBoundCall::changeTo(TypeUse type, VARIANT& value, const VARIANT& source) const noexcept {
+    if (!type.eitherSign) return changeType(value, source, locale_, 0, type.type);
+    const auto answer = changeType(value, source, locale_, 0, VT_I8);
+    if (FAILED(answer)) return answer;
+    const auto number = value.llVal;
+    value.vt = VT_I4;
+    value.lVal = static_cast<LONG>(number);
+    return number >= INT32_MIN && number <= UINT32_MAX ? S_OK : DISP_E_OVERFLOW;
 }
 
 // The slot writes only what its member has changed. A new text is at a new address, so comparing addresses

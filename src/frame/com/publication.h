@@ -62,6 +62,7 @@ struct Member {
     std::uint16_t parameterCount = 0;
     TypeUse result;
     Invoker invoke = nullptr;
+    const wchar_t* documentation = nullptr;  // for the type library; null for none
 
     bool answers(WORD flags) const { return (static_cast<WORD>(kind) & flags) != 0; }
     constexpr bool stores() const { return kind == MemberKind::let || kind == MemberKind::set; }
@@ -80,7 +81,7 @@ struct ClassEntry {
     std::uint16_t number;  // its identifiers follow from it
     Instancing instancing;
     const Library& library;
-    const wchar_t* documentation;  // of the class and each of its members; null for none
+    const wchar_t* documentation;  // null for none
 };
 
 /// The catalogue's entry for a class. Each published class has one.

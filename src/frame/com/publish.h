@@ -10,6 +10,8 @@
 //             RESERVED_SLOT(3))
 //     // clang-format on
 //
+// A row ends in `.documented(L"...")` where the type library carries a text for the member.
+//
 // The order of the rows is the binary interface: slots and identifiers follow from it, and hosts have them
 // compiled in. A new row goes to the end. A row whose number is not its place does not compile.
 //
@@ -318,6 +320,14 @@ struct Row {
     const wchar_t* name;
     MemberKind kind;
     std::array<ParameterRow, named> parameters;
+    const wchar_t* documentation = nullptr;
+
+    /// The same row with a text for the type library.
+    constexpr Row documented(const wchar_t* text) const {
+        Row row = *this;
+        row.documentation = text;
+        return row;
+    }
 };
 
 template <class Procedure, class... Parameters>
@@ -377,6 +387,7 @@ private:
         Member& member = members_[filled_];
         member.name = row.name;
         member.kind = row.kind;
+        member.documentation = row.documentation;
         member.firstParameter = static_cast<std::uint16_t>(filledParameters_);
         member.parameterCount = static_cast<std::uint16_t>(Row::parameterCount);
         member.result = publishing::resultType<typename Procedure::Result>();

@@ -15,4 +15,10 @@ struct Date {
     double days = 0;
 };
 
+/// The 32 bits of a colour or a handle. Hosts pass them with a sign or without: 2147483668 and -2147483628
+/// are the same to a member.
+struct Bits32 {
+    std::int32_t bits = 0;
+};
+
 }  // namespace vorla

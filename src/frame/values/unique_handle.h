@@ -110,4 +110,25 @@ private:
     const HGDIOBJ before_;
 };
 
+/// Selects and realises a palette in a context, and selects the previous one back at the end. Without a
+/// palette the context keeps its own.
+class SelectedPalette {
+public:
+    SelectedPalette(HDC context, HPALETTE palette) noexcept
+        : context_(context), before_(palette ? SelectPalette(context, palette, TRUE) : nullptr) {
+        if (before_) RealizePalette(context_);
+    }
+    SelectedPalette(const SelectedPalette&) = delete;
+    SelectedPalette& operator=(const SelectedPalette&) = delete;
+    ~SelectedPalette() {
+        if (!before_) return;
+        SelectPalette(context_, before_, TRUE);
+        RealizePalette(context_);
+    }
+
+private:
+    const HDC context_;
+    const HPALETTE before_;
+};
+
 }  // namespace vorla
