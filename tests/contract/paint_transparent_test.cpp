@@ -5,6 +5,7 @@
 #include "contract/signatures.h"
 #include "support/import_patch.h"
 #include "support/memory_count.h"
+#include "support/scripted_object.h"
 
 namespace vorla::test {
 namespace {
@@ -148,6 +149,13 @@ TEST_F(PaintTransparent, colourAndHandlesOfEitherSign) {
     expectDone(call(L"PaintTransparentDC", {unsignedHandle(target), 1.0, 1.0, 8.0, 8.0,
                                             unsignedHandle(source), 0.0, 0.0, static_cast<double>(magenta)}));
     expectPixels(transparent(ground, image, {1, 1, 8, 8}, magenta), target.pixels());
+    // An object stands for its default property, which is read once.
+    ScriptedObject shown{Variant(2147483663.0)};
+    const Surface third(ground), buttons(button);
+    paintTransparent(third, buttons, {1, 1, 8, 8}, vorla::test::object(&shown));
+    expectPixels(transparent(ground, button, {1, 1, 8, 8}, face), third.pixels());
+    EXPECT_EQ(1u, shown.logged(L"get (default)"));
+    EXPECT_EQ(0, shown.references());
     // 33 bits are no colour, and neither is a word; coordinates have a sign.
     const auto with = [&](const Variant& x, const Variant& mask) {
         return call(L"PaintTransparentDC",
