@@ -251,6 +251,29 @@ TEST_F(PaintTransparent, contextsThatAreNone) {
     EXPECT_EQ(before, Resources::held());
 }
 
+// A metafile records what is painted, but its pixels cannot be read: the image stands on black.
+TEST_F(PaintTransparent, contextThatOnlyRecords) {
+    const Surface source(image), played(ground);
+    const HDC recording = CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
+    ASSERT_NE(nullptr, recording);
+    expectDone(call(L"PaintTransparentDC",
+                    {std::int32_t{HandleToLong(recording)}, std::int32_t{0}, std::int32_t{0}, std::int32_t{8},
+                     std::int32_t{8}, source.handle(), std::int32_t{0}, std::int32_t{0}, colour(magenta)}));
+    const HENHMETAFILE recorded = CloseEnhMetaFile(recording);
+    ENHMETAHEADER header{};
+    GetEnhMetaFileHeader(recorded, sizeof header, &header);
+    // Played in the size in which it was recorded.
+    const RECT frame{header.rclBounds.left, header.rclBounds.top, header.rclBounds.right,
+                     header.rclBounds.bottom};
+    PlayEnhMetaFile(played.get(), recorded, &frame);
+    DeleteEnhMetaFile(recorded);
+    expectPixels(paintedOver(ground, {0, 0, 8, 8},
+                             [&](int x, int y, COLORREF) {
+                                 return image.at(x, y) == magenta ? black : image.at(x, y);
+                             }),
+                 played.pixels());
+}
+
 TEST_F(PaintTransparent, rectanglesOfNothingOrLess) {
     const Surface target(ground), source(image);
     for (const Painted& area :
