@@ -115,8 +115,7 @@ void measurePainting(Bench& bench, const Component& component) {
     compareTransparent(bench, object.get(), 16, 4);
     for (const int size : {256, 1024}) compareTransparent(bench, object.get(), size, 1.5);
     // Three transparent paintings, and a division into light and dark that takes as long as one.
-    compareDisabled(bench, object.get(), 16, 14);
-    compareDisabled(bench, object.get(), 256, 8);
+    for (const int size : {16, 256}) compareDisabled(bench, object.get(), size, 14);
 }
 
 }  // namespace vorla::bench

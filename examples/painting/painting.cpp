@@ -161,17 +161,18 @@ void paintToolbar(BoundObject& effects, const std::wstring& folderName) {
     const std::function<void(const Sheet&)> drawings[] = {page, folder, disk, lens};
     const Sheet bar(2 * margin + 5 * step, 2 * margin + 2 * step);
     bar.fill(GetSysColor(COLOR_BTNFACE));
-    const auto show = [&](int place, const HostObject& picture) {
+    const auto show = [&](int place, const HostObject& picture, std::int32_t leftOut) {
         const std::int32_t x = margin + place * step + (step - size) / 2, y = margin + (step - size) / 2;
         effects.call(L"PaintTransparentStdPic", bar.handle(), x, y, std::int32_t{size}, std::int32_t{size},
-                     picture, std::int32_t{0}, std::int32_t{0}, static_cast<std::int32_t>(mask));
+                     picture, std::int32_t{0}, std::int32_t{0}, leftOut);
         effects.call(L"PaintDisabledStdPic", bar.handle(), x, std::int32_t{y + step}, std::int32_t{size},
-                     std::int32_t{size}, picture, std::int32_t{0}, std::int32_t{0},
-                     static_cast<std::int32_t>(mask));
+                     std::int32_t{size}, picture, std::int32_t{0}, std::int32_t{0}, leftOut);
     };
     int place = 0;
-    for (const auto& drawing : drawings) show(place++, drawnPicture(size, size, drawing));
-    show(place++, systemIcon(IDI_INFORMATION));
+    for (const auto& drawing : drawings) show(place++, drawnPicture(size, size, drawing), mask);
+    // The soft edges of an icon are blended with the mask, so it is the colour of the bar.
+    constexpr std::int32_t buttonFace = INT32_MIN + COLOR_BTNFACE;
+    show(place++, systemIcon(IDI_INFORMATION), buttonFace);
     bar.save(folderName + L"\\toolbar");
     std::printf("barre d'outils : %d icônes, normales et désactivées\n", place);
 }

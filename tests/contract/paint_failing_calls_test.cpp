@@ -29,7 +29,7 @@ protected:
                            std::int32_t{8}, painted,         std::int32_t{0}, std::int32_t{0}};
         arguments.owned.insert(arguments.owned.end(), more.begin(), more.end());
         const auto outcome = invoke(effects.get(), member, std::move(arguments));
-        if (outcome.code != S_OK) return "refused";
+        if (outcome.code != S_OK) return outcome.exceptionCode == E_OUTOFMEMORY ? "no memory" : "refused";
         const auto pixels = target.pixels();
         if (pixels == ground) return "untouched";
         std::string shown = "painted";
@@ -37,7 +37,8 @@ protected:
         return shown;
     }
 
-    void failAll(const Fault& fault, bool anythingIsPainted = false) {
+    void failAll(const Fault& fault, bool anythingIsPainted = false,
+                 const std::string& whenNoMemory = "untouched") {
         int calls = 0;
         const auto use = [&](const wchar_t* member, const Variant& painted, std::vector<Variant> more) {
             const auto work = [&, painted, more] {
@@ -55,7 +56,7 @@ protected:
                     return anythingIsPainted && answer != right && answer.starts_with("painted") ? "otherwise"
                                                                                                  : answer;
                 },
-                right, {"untouched", "otherwise"});
+                right, {"untouched", "otherwise", whenNoMemory});
         };
         const Variant picture = vorla::test::object(&icon);
         use(L"PaintTransparentDC", source.handle(), {colour(magenta)});
@@ -100,6 +101,9 @@ TEST_F(PaintFailing, steps) {
     failAll(fault<decltype(DrawIconEx)>("user32.dll", "DrawIconEx", FALSE));
     failAll(fault<decltype(OleTranslateColor)>("oleaut32.dll", "OleTranslateColor", E_INVALIDARG), true);
 }
+
+// Pictures are asked by name, which takes memory.
+TEST_F(PaintFailing, memory) { failAll(noMemory(), false, "no memory"); }
 
 }  // namespace
 }  // namespace vorla::test

@@ -293,6 +293,13 @@ TEST_F(PaintPictures, hostsThatFail) {
             expectError(painted(picture), 1234, narrow(member));
             EXPECT_EQ(0, picture.references());
         }
+        for (const int failing : {1, 2}) {
+            ScriptedPicture picture;
+            picture.readOnly(L"Type", std::int16_t{1}).readOnly(L"Handle", std::int32_t{0});
+            picture.failLookup(failing, DISP_E_UNKNOWNNAME);
+            expectError(painted(picture), 438, narrow(member));
+            EXPECT_EQ(0, picture.references());
+        }
         ScriptedPicture without;
         expectError(painted(without), 438, narrow(member));
         ScriptedPicture wrong;

@@ -5,6 +5,7 @@
 #include "contract/signatures.h"
 #include "support/import_patch.h"
 #include "support/memory_count.h"
+#include "support/scripted_object.h"
 
 namespace vorla::test {
 namespace {
@@ -148,6 +149,13 @@ TEST_F(PaintTransparent, colourAndHandlesOfEitherSign) {
     expectDone(call(L"PaintTransparentDC", {unsignedHandle(target), 1.0, 1.0, 8.0, 8.0,
                                             unsignedHandle(source), 0.0, 0.0, static_cast<double>(magenta)}));
     expectPixels(transparent(ground, image, {1, 1, 8, 8}, magenta), target.pixels());
+    // An object stands for its default property, which is read once.
+    ScriptedObject shown{Variant(2147483663.0)};
+    const Surface third(ground), buttons(button);
+    paintTransparent(third, buttons, {1, 1, 8, 8}, vorla::test::object(&shown));
+    expectPixels(transparent(ground, button, {1, 1, 8, 8}, face), third.pixels());
+    EXPECT_EQ(1u, shown.logged(L"get (default)"));
+    EXPECT_EQ(0, shown.references());
     // 33 bits are no colour, and neither is a word; coordinates have a sign.
     const auto with = [&](const Variant& x, const Variant& mask) {
         return call(L"PaintTransparentDC",
@@ -241,6 +249,29 @@ TEST_F(PaintTransparent, contextsThatAreNone) {
     }
     expectPixels(ground, target.pixels());
     EXPECT_EQ(before, Resources::held());
+}
+
+// A metafile records what is painted, but its pixels cannot be read: the image stands on black.
+TEST_F(PaintTransparent, contextThatOnlyRecords) {
+    const Surface source(image), played(ground);
+    const HDC recording = CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
+    ASSERT_NE(nullptr, recording);
+    expectDone(call(L"PaintTransparentDC",
+                    {std::int32_t{HandleToLong(recording)}, std::int32_t{0}, std::int32_t{0}, std::int32_t{8},
+                     std::int32_t{8}, source.handle(), std::int32_t{0}, std::int32_t{0}, colour(magenta)}));
+    const HENHMETAFILE recorded = CloseEnhMetaFile(recording);
+    ENHMETAHEADER header{};
+    GetEnhMetaFileHeader(recorded, sizeof header, &header);
+    // Played in the size in which it was recorded.
+    const RECT frame{header.rclBounds.left, header.rclBounds.top, header.rclBounds.right,
+                     header.rclBounds.bottom};
+    PlayEnhMetaFile(played.get(), recorded, &frame);
+    DeleteEnhMetaFile(recorded);
+    expectPixels(paintedOver(ground, {0, 0, 8, 8},
+                             [&](int x, int y, COLORREF) {
+                                 return image.at(x, y) == magenta ? black : image.at(x, y);
+                             }),
+                 played.pixels());
 }
 
 TEST_F(PaintTransparent, rectanglesOfNothingOrLess) {
