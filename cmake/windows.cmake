@@ -55,7 +55,11 @@ add_library(vorla_classes OBJECT
     src/language/VorlaLangue.publication.cpp
     src/language/form_translation.cpp
     src/language/language_store.cpp
+    src/media/ClsMixer.cpp
+    src/media/VorlaMultiMedia.cpp
+    src/media/VorlaMultiMedia.disc.cpp
     src/media/VorlaMultiMedia.publication.cpp
+    src/media/mci.cpp
     src/misc/VorlaDivers.publication.cpp
     src/system/VorlaFichier.cpp
     src/system/VorlaFichier.publication.cpp
@@ -71,7 +75,7 @@ add_library(vorla_classes OBJECT
     src/text/VorlaDate.publication.cpp
     src/text/VorlaNumerique.cpp
     src/text/VorlaNumerique.publication.cpp)
-target_link_libraries(vorla_classes PUBLIC vorla_frame mpr shell32 shlwapi)
+target_link_libraries(vorla_classes PUBLIC vorla_frame mpr shell32 shlwapi winmm)
 
 # The type library is written by a program of the same build, from the same tables as the component.
 add_library(type_library_writer OBJECT

@@ -207,5 +207,48 @@ TEST(PublishedOrder, ofPaintEffects) {
                                        {L"PaintNormalStdPic", 0x60030004}});
 }
 
+TEST(PublishedOrder, ofVorlaMultiMedia) {
+    expectOrder(10, {{L"cCanalMusique", 0x6803000c, get},
+                     {L"cCanalComment", 0x6803000b, get},
+                     {L"MMPlay", 0x60030000},
+                     {L"MMClose", 0x60030001},
+                     {L"MMMediaLen", 0x60030002},
+                     {L"MMVolume", 0x60030003},
+                     {L"MMIncreaseVolume", 0x60030004},
+                     {L"MMVolGet", 0x60030005},
+                     {L"MMIsPlaying", 0x60030006},
+                     {L"MMIsOpen", 0x60030007},
+                     {L"MMStatus", 0x60030008},
+                     {L"MMPause", 0x60030009},
+                     {L"MMVolumePercentGet", 0x6803000a, get},
+                     {L"MMVolumePercentLet", 0x6003000a},
+                     {L"PlaySystemSound", 0x6003000b},
+                     {L"IsSoundCard", 0x6003000c},
+                     {L"IsMidiEnabled", 0x6003000d},
+                     {L"MMMixVolume", 0x68030009, get},
+                     {L"MMMixVolume", 0x68030009, let},
+                     {L"MMMixPanVolume", 0x6003000e},
+                     {L"MMMixConvToPercent", 0x6003000f},
+                     {L"MMMixConvToLong", 0x60030010},
+                     {L"MMCDAlias", 0x68030008, get},
+                     {L"MMCDOpen", 0x60030011},
+                     {L"MMCDIsReady", 0x68030007, get},
+                     {L"MMCDIsOpen", 0x68030006, get},
+                     {L"MMCDPlay", 0x60030012},
+                     {L"MMCDStop", 0x60030013},
+                     {L"MMCDEjectClose", 0x60030014},
+                     {L"MMCDPause", 0x60030015},
+                     {L"MMCDPlayTrack", 0x60030016},
+                     {L"MMCDTracks", 0x60030017},
+                     {L"MMCDLenght", 0x68030005, get},
+                     {L"MMCDTrackLenght", 0x68030004, get},
+                     {L"MMCDTrackCurrent", 0x68030003, get},
+                     {L"MMCDTrackCount", 0x68030002, get},
+                     {L"MMCDPosition", 0x68030001, get},
+                     {L"MMCDTrackPosition", 0x68030000, get},
+                     {L"IsCd", 0x60030018},
+                     {L"MMCDTrackNumberGet", 0x60030019}});
+}
+
 }  // namespace
 }  // namespace vorla::test

@@ -46,6 +46,10 @@ inline Text given(const Joined& joined) { return joined.text(); }
 inline Text given(TextView text) { return Text(text); }
 inline Text given(Text&& text) { return std::move(text); }
 inline float given(float number) { return number; }
+template <std::integral Number>
+Number given(Number number) {
+    return number;
+}
 
 /// Runs `rule`. Errors other than run-time errors are the test's own and pass through.
 template <class Rule>
