@@ -24,4 +24,10 @@ Variant MinVar(VariantView Valeur1, VariantView Valeur2) {
     return Variant(compared(Valeur1, Valeur2) == VARCMP_LT ? Valeur1 : Valeur2);
 }
 
+bool isEqual(VariantView one, VariantView other) {
+    if (one.isObject()) return isEqual(plainValue(one).view(), other);
+    if (other.isObject()) return isEqual(one, plainValue(other).view());
+    return compared(one, other) == VARCMP_EQ;
+}
+
 }  // namespace vorla
