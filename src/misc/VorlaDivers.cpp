@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <bit>
+#include <cmath>
 #include <cstdlib>
 #include <optional>
 
@@ -94,7 +95,9 @@ Moment momentOf(const SYSTEMTIME& time) {
 // A date to the nearest second.
 Moment momentOf(Date date) {
     SYSTEMTIME time;
-    if (!VariantTimeToSystemTime(date.days, &time)) throw RuntimeError(ErrorNumber::invalidProcedureCall);
+    // Some systems make a date out of what is no number.
+    if (std::isnan(date.days) || !VariantTimeToSystemTime(date.days, &time))
+        throw RuntimeError(ErrorNumber::invalidProcedureCall);
     return momentOf(time);
 }
 
