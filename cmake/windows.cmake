@@ -21,6 +21,7 @@ add_library(vorla_frame OBJECT
     src/frame/com/registry_tree.cpp
     src/frame/shared/browsing.cpp
     src/frame/shared/comparison.cpp
+    src/frame/shared/durations.cpp
     src/frame/shared/files.cpp
     src/frame/shared/host_queries.cpp
     src/frame/shared/profile.cpp
@@ -36,6 +37,7 @@ add_library(vorla_frame OBJECT
     src/frame/values/ansi.cpp
     src/frame/values/conversions.cpp
     src/frame/values/invocation.cpp
+    src/frame/values/locked_array.cpp
     src/frame/values/module.cpp
     src/frame/values/per_thread.cpp
     src/frame/values/variant.cpp)
@@ -60,6 +62,7 @@ add_library(vorla_classes OBJECT
     src/media/VorlaMultiMedia.disc.cpp
     src/media/VorlaMultiMedia.publication.cpp
     src/media/mci.cpp
+    src/misc/VorlaDivers.cpp
     src/misc/VorlaDivers.publication.cpp
     src/system/VorlaFichier.cpp
     src/system/VorlaFichier.publication.cpp

@@ -5,6 +5,28 @@
 
 namespace vorla {
 
-PUBLISH(VorlaDivers)
+// clang-format off
+PUBLISH(VorlaDivers,
+        METHOD(0, Maxi, L"Valeur1", L"Valeur2"),
+        METHOD(1, Mini, L"Valeur1", L"Valeur2"),
+        METHOD(2, ListeCherche, L"List", L"Cle", optional(L"OnItemData", false),
+               optional(L"CaseSensitive", false), optional(L"RechercheIdentique", true),
+               optional(L"Separateur", L"\t"), optional(L"Rang", 0)),
+        METHOD(3, ListeSelectRange, L"LstBiox", L"NewState", optional(L"FirstItem", 0),
+               optional(L"LastItem", -1)),
+        METHOD(4, TreeCherche, L"Tree", L"Valeur", optional(L"OnText", false),
+               optional(L"CaseSensitive", false), optional(L"RechercheIdentique", true)),
+        VIEWING_METHOD(5, TabCherche, L"Tabl", L"Cle"),
+        METHOD(6, CalcTauxAugm, L"Mt1", L"Mt2"),
+        METHOD(7, SysTempsRestant, L"TimerDeb", L"lgMax", L"lgNow"),
+        METHOD(8, SysWait, L"nbSeconde"),
+        METHOD(9, SecondToTime, L"Temps", optional(L"MmSs", false)),
+        METHOD(10, RndBetween, L"FromValue", L"ToValue"),
+        VIEWING_METHOD(11, IsArrayEmpty, L"Tableau"),
+        METHOD(12, DateDiffDaysAndTime, L"DateDeb", optional(L"DateFin"), optional(L"HeureString", false)),
+        METHOD(13, IsMemberExist, L"mCol", L"Key"),
+        METHOD(14, IsNodeExist, L"Tree", L"Key"),
+        METHOD(15, ElTranslate, L"Quoi", L"Value", L"Sens"))
+// clang-format on
 
 }  // namespace vorla

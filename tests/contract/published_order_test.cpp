@@ -85,6 +85,25 @@ TEST(PublishedOrder, ofVorlaDate) {
                     {L"DateEnTexte", 0x60030003}});
 }
 
+TEST(PublishedOrder, ofVorlaDivers) {
+    expectOrder(4, {{L"Maxi", 0x60030000},
+                    {L"Mini", 0x60030001},
+                    {L"ListeCherche", 0x60030002},
+                    {L"ListeSelectRange", 0x60030003},
+                    {L"TreeCherche", 0x60030004},
+                    {L"TabCherche", 0x60030005},
+                    {L"CalcTauxAugm", 0x60030006},
+                    {L"SysTempsRestant", 0x60030007},
+                    {L"SysWait", 0x60030008},
+                    {L"SecondToTime", 0x60030009},
+                    {L"RndBetween", 0x6003000a},
+                    {L"IsArrayEmpty", 0x6003000b},
+                    {L"DateDiffDaysAndTime", 0x6003000c},
+                    {L"IsMemberExist", 0x6003000d},
+                    {L"IsNodeExist", 0x6003000e},
+                    {L"ElTranslate", 0x6003000f}});
+}
+
 TEST(PublishedOrder, ofVorlaFichier) {
     expectOrder(5, {{L"NormalisePath", 0x60030000},
                     {L"DeNormalisePath", 0x60030001},

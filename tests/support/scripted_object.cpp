@@ -3,6 +3,7 @@
 #include <cwchar>
 #include <stdexcept>
 
+#include "frame/values/runtime_error.h"
 #include "support/item_enumerator.h"
 #include "support/named_type.h"
 
@@ -160,8 +161,12 @@ HRESULT ScriptedObject::answer(Member& member, const Call& call, Variant& result
         if (call.isPut()) return DISP_E_MEMBERNOTFOUND;
         // A method cannot be read as a property unless the caller accepts either.
         if (!(call.kind() & DISPATCH_METHOD)) return DISP_E_MEMBERNOTFOUND;
-        result = member.body(call);
-        return S_OK;
+        try {
+            result = member.body(call);
+            return S_OK;
+        } catch (const RuntimeError& error) {
+            return codeOf(error.number());
+        }
     }
     const std::size_t indices = member.indexed ? 1 : 0;
     const std::size_t values = call.isPut() ? 1 : 0;

@@ -40,6 +40,7 @@ public:
     ScriptedObject& readOnly(const wchar_t* name, Variant value);
     /// A property with one index, from 0. Any other index is error 381, as in controls.
     ScriptedObject& indexed(const wchar_t* name, std::vector<Variant> values);
+    /// A RuntimeError that the body throws reaches the caller as an exception with its number.
     ScriptedObject& method(const wchar_t* name, Method body);
     /// Makes this name's member the default one too.
     ScriptedObject& defaultMember(const wchar_t* name);

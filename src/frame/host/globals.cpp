@@ -84,6 +84,13 @@ Text app::helpFile() {
     return {};
 }
 
+float Timer() {
+    SYSTEMTIME now;
+    GetLocalTime(&now);
+    const double seconds = now.wHour * 3600.0 + now.wMinute * 60.0 + now.wSecond;
+    return static_cast<float>(seconds + now.wMilliseconds / 1000.0);
+}
+
 void DoEvents() {
     // A window that never finishes painting, or answers each message with another, must not keep the caller
     // here.

@@ -29,6 +29,9 @@ Text helpFile();
 
 }  // namespace app
 
+/// The seconds since midnight, local time, with their fraction.
+float Timer();
+
 /// Lets the host process the events that are waiting for this thread. WM_QUIT stays in the queue.
 void DoEvents();
 

@@ -1,4 +1,4 @@
-// The larger and the smaller of two values.
+// The larger and the smaller of two values, and whether two are equal.
 #pragma once
 
 #include "frame/values/variant.h"
@@ -10,5 +10,9 @@ namespace vorla {
 /// 13 for values that cannot be compared.
 Variant MaxVar(VariantView Valeur1, VariantView Valeur2);
 Variant MinVar(VariantView Valeur1, VariantView Valeur2);
+
+/// Whether two values are equal by the same comparison. An object is compared by its default property; Null
+/// equals nothing. Errors: 13 for values that cannot be compared, and those of plainValue().
+bool isEqual(VariantView one, VariantView other);
 
 }  // namespace vorla
