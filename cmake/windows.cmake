@@ -55,6 +55,8 @@ add_library(vorla_classes OBJECT
     src/language/language_store.cpp
     src/media/VorlaMultiMedia.publication.cpp
     src/misc/VorlaDivers.publication.cpp
+    src/misc/VorlaDivers_controls.cpp
+    src/misc/container_switch.cpp
     src/system/VorlaFichier.cpp
     src/system/VorlaFichier.publication.cpp
     src/system/VorlaRegistre.cpp

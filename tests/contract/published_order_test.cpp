@@ -160,6 +160,29 @@ TEST(PublishedOrder, ofVorlaSystem) {
                     {L"WindowHandle", 0x6003001D}});
 }
 
+TEST(PublishedOrder, ofVorlaDivers) {
+    expectOrder(4, {{L"KeyMajusc", 0x60030000},
+                    {L"KeyNum", 0x60030001},
+                    {L"KeyFile", 0x60030002},
+                    {L"Ctl_Argument", 0x60030003},
+                    {L"eSetFocus", 0x60030004},
+                    {L"ToucheEnfoncée", 0x60030005},
+                    {L"IsControlExist", 0x60030006},
+                    {L"ContainerScaleMode", 0x60030007},
+                    {L"FindContainerScaleMode", 0x60030008},
+                    {L"FrameChangeEnabled", 0x60030009},
+                    {L"FormEffaceCtl", 0x6003000A},
+                    {L"MousePlace", 0x6003000B},
+                    {L"CtlPosition", 0x6003000C},
+                    {L"CursorPos", 0x6003000D},
+                    {L"PropertyExist", 0x6003000E},
+                    {L"IsPropertyExist", 0x6003000F},
+                    {L"IsFormLoad", 0x60030010},
+                    {L"OptionButtonValue", 0x60030011},
+                    {L"FindObjectContainerScaleMode", 0x60030012},
+                    {L"CopyFont", 0x60030013}});
+}
+
 TEST(PublishedOrder, ofVorlaLangue) {
     expectOrder(8, {{L"ThemedBackColorApply", 0x40030000, get},
                     {L"ThemedBackColorApply", 0x40030000, let},

@@ -24,4 +24,6 @@ Variant MinVar(VariantView Valeur1, VariantView Valeur2) {
     return Variant(compared(Valeur1, Valeur2) == VARCMP_LT ? Valeur1 : Valeur2);
 }
 
+bool areEqual(VariantView Valeur1, VariantView Valeur2) { return compared(Valeur1, Valeur2) == VARCMP_EQ; }
+
 }  // namespace vorla

@@ -1,4 +1,4 @@
-// The larger and the smaller of two values.
+// Two values compared: the larger, the smaller, equality.
 #pragma once
 
 #include "frame/values/variant.h"
@@ -10,5 +10,8 @@ namespace vorla {
 /// 13 for values that cannot be compared.
 Variant MaxVar(VariantView Valeur1, VariantView Valeur2);
 Variant MinVar(VariantView Valeur1, VariantView Valeur2);
+
+/// Whether two values are equal by the same comparison. Null equals nothing.
+bool areEqual(VariantView Valeur1, VariantView Valeur2);
 
 }  // namespace vorla
