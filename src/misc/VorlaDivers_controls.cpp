@@ -136,10 +136,7 @@ bool VorlaDivers::ToucheEnfoncée(ToucheCtl Touche) {
 }
 
 bool VorlaDivers::IsControlExist(const Variant& Ctl) {
-    return endOnError(false, [&] {
-        BoundObject(Ctl.view()).get(L"Left");
-        return true;
-    });
+    return endOnError(false, [&] { return BoundObject(Ctl.view()).hasProperty(L"Left"); });
 }
 
 std::int16_t VorlaDivers::ContainerScaleMode(Text& ScaleMd) {
