@@ -1,6 +1,6 @@
 # Entry: a form whose keys are filtered, whose criteria are put in order, and whose frames are disabled.
 example_targets+=(entry)
-same_in_both+=(entry.txt)
+same_in_both+=(entry.txt fields.txt)
 
 run_entry() {
     local size=$1 folder=$2
@@ -12,6 +12,7 @@ run_entry() {
         cat "$folder/entry.txt" >&2
         fail "$size: the example of an entry form did not come to its end"
     fi
+    run_script "$size" "$folder" fields 'champs relus' examples/entry/fields.vbs
 }
 
 page_entry() {
@@ -25,5 +26,8 @@ swapped, labels included. Then the frame is disabled with all it holds, and the 
 <p><img src="$pictures/disabled.png" alt="The form with its frame disabled and its criteria in order">
 <img src="$pictures/cleared.png" alt="The form, cleared"></p>
 <pre>$(escaped <"$1/entry.txt")</pre>
+<details><summary>The same members with the objects of a script</summary>
+<pre>$(escaped <"$1/fields.txt")</pre>
+</details>
 END
 }
