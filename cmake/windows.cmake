@@ -64,6 +64,8 @@ add_library(vorla_classes OBJECT
     src/media/mci.cpp
     src/misc/VorlaDivers.cpp
     src/misc/VorlaDivers.publication.cpp
+    src/misc/VorlaDivers_controls.cpp
+    src/misc/container_switch.cpp
     src/system/VorlaFichier.cpp
     src/system/VorlaFichier.publication.cpp
     src/system/VorlaRegistre.cpp
@@ -162,6 +164,7 @@ add_subdirectory(tests/contract)
 add_subdirectory(tests/registration)
 add_subdirectory(tests/clients)
 add_subdirectory(examples/cpp)
+add_subdirectory(examples/entry)
 add_subdirectory(examples/languages)
 add_subdirectory(examples/folders)
 add_subdirectory(examples/painting)

@@ -3,6 +3,7 @@
 #include "frame/host/bound_object.h"
 #include "frame/host/host_items.h"
 #include "frame/host/object_kinds.h"
+#include "frame/host/window_handle.h"
 #include "frame/shared/host_queries.h"
 #include "frame/shared/profile.h"
 #include "frame/values/conversions.h"
@@ -26,31 +27,16 @@ Text indexOf(BoundObject& control) {
 Text tagOf(BoundObject& object) { return object.getAs<Text>(L"Tag"); }
 
 bool hasTitleBar(BoundObject& form) {
-    const auto window = reinterpret_cast<HWND>(INT_PTR{form.getAs<std::int32_t>(L"hwnd")});
+    const auto window = windowOf(form.getAs<std::int32_t>(L"hwnd"));
     return (GetWindowLongA(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
 }
 
-// Visits the controls of a form. A control that the host fails to return is skipped. After a hundred failures
-// in a row the walk ends.
+// Visits the controls of a form, skipping what fails.
 template <class Visit>
 void forEachControl(BoundObject& form, Visit&& visit) {
-    constexpr int patience = 100;
     step([&] {
         HostItems controls(form.knows(L"Controls") ? form.getObject(L"Controls") : form.object());
-        for (int failures = 0; failures < patience;) {
-            Variant item;
-            bool found = false;
-            if (!step([&] { found = controls.next(item); })) {
-                ++failures;
-                continue;
-            }
-            if (!found) return;
-            failures = 0;
-            step([&] {
-                BoundObject control(item.view());
-                visit(control);
-            });
-        }
+        forEachItem(controls, visit);
     });
 }
 

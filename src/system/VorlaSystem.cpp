@@ -12,6 +12,7 @@
 #include "frame/host/globals.h"
 #include "frame/host/message_box.h"
 #include "frame/host/object_kinds.h"
+#include "frame/host/window_handle.h"
 #include "frame/shared/files.h"
 #include "frame/shared/paths.h"
 #include "frame/shared/profile.h"
@@ -36,9 +37,6 @@ Text filled(Fill&& fill) {
     if (!fill(buffer.data())) return {};
     return fromAnsiBuffer({buffer.data(), buffer.size()});
 }
-
-// To hosts, handles are 32-bit numbers in both word sizes.
-HWND windowOf(std::int32_t handle) { return reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle)); }
 
 std::string rootOf(TextView path) { return toAnsi(DecoupeChemin(path, eFileN::efRacine).text()); }
 

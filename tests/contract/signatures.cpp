@@ -42,6 +42,7 @@ std::wstring defaultOf(const PARAMDESC& parameter) {
         case VT_BSTR: return L"=\"" + std::wstring(viewOf(value.bstrVal)) + L'"';
         case VT_BOOL:
         case VT_I2: return L'=' + std::to_wstring(value.iVal);
+        case VT_R4: return L'=' + std::to_wstring(static_cast<int>(value.fltVal));
         default: return L'=' + std::to_wstring(value.lVal);
     }
 }

@@ -206,6 +206,9 @@ enum class Difference {
     // An object that is no picture or font: the system answers E_NOINTERFACE, which no host expects of
     // Invoke. Ours answers type mismatch with the argument's index.
     otherObject,
+    // The same by reference: the system does not look and hands the member an object without the interface
+    // that the parameter promises, or first counts the arguments. Ours refuses as above.
+    otherObjectByReference,
     // A by-reference parameter next to named arguments: Wine's system, when the member is done, converts the
     // argument that would have this place if none were named, and answers type mismatch for a call that
     // has worked. Ours knows the argument by its name.
@@ -324,7 +327,7 @@ private:
         }
         if (member.result.type == VT_RECORD && theirs.code == E_NOTIMPL) return Difference::recordResult;
         bool convertedReference = false, storedReference = false, valueGiven = false;
-        bool objectOfKind = false, missingRequired = false, missingHandedOn = false;
+        bool objectOfKind = false, referenceOfKind = false, missingRequired = false, missingHandedOn = false;
         for (std::size_t i = 0; i < given.size(); ++i) {
             if (given[i].omitted) continue;
             const Parameter& parameter = parameters[i];
@@ -337,6 +340,7 @@ private:
             valueGiven |= parameter.type.byReference && given[i].wrapping == Wrapping::plain;
             objectOfKind |=
                 parameter.type.described == Described::picture || parameter.type.described == Described::font;
+            referenceOfKind |= objectOfKind && parameter.type.byReference;
             missingHandedOn |= given[i].shape == Shape::missingValue &&
                                given[i].wrapping != Wrapping::plain && parameter.optional && !variant;
             missingRequired |= given[i].shape == Shape::missingValue && !variant && !parameter.optional;
@@ -352,6 +356,9 @@ private:
             return Difference::requiredMissing;
         if (objectOfKind && ours.code == DISP_E_TYPEMISMATCH && theirs.code == E_NOINTERFACE)
             return Difference::otherObject;
+        if (referenceOfKind && ours.code == DISP_E_TYPEMISMATCH &&
+            (theirs.code == S_OK || theirs.code == DISP_E_BADPARAMCOUNT))
+            return Difference::otherObjectByReference;
         // Here it reports no argument index, unlike for arguments that it refuses.
         const bool refers = std::any_of(parameters.begin(), parameters.end(), [](const Parameter& parameter) {
             return parameter.type.byReference;
@@ -420,7 +427,8 @@ private:
 // Keeps generated arguments from harming the machine. A generated name could be that of a program, file or
 // folder, so no program is started and nothing is deleted, renamed or created. No temporary name is drawn,
 // because each would be a different one. Dialogs find no user. INI files without a folder would be written
-// among Windows' own. A clock that gains a day at each look keeps long waits short.
+// among Windows' own. A clock that gains a day at each look keeps long waits short. The mouse pointer stays,
+// and nothing beeps.
 class Harmless {
 public:
     Harmless() {
@@ -434,6 +442,8 @@ public:
         browsing_.answer([](auto...) { return nullptr; });
         profile_.answer([](LPCSTR, LPCSTR, LPCSTR, LPCSTR) { return FALSE; });
         clock_.answer([this] { return now_ += 86'400'000; });
+        pointer_.answer([](int, int) { return TRUE; });
+        beep_.answer([](UINT) { return TRUE; });
     }
 
 private:
@@ -451,6 +461,8 @@ private:
     Intercept<decltype(WritePrivateProfileStringA)> profile_{program_, "kernel32.dll",
                                                              "WritePrivateProfileStringA"};
     Intercept<decltype(GetTickCount)> clock_{program_, "kernel32.dll", "GetTickCount"};
+    Intercept<decltype(SetCursorPos)> pointer_{program_, "user32.dll", "SetCursorPos"};
+    Intercept<decltype(MessageBeep)> beep_{program_, "user32.dll", "MessageBeep"};
 };
 
 // Too rare among generated calls to be sure to occur.
@@ -477,7 +489,8 @@ TEST_F(Differential, everyMemberOfTheComponent) {
     for (const Publication* publication : catalogue()) compareAll(*publication, 600);
     EXPECT_GE(compared_, 5000);
     expectSeen({Difference::none, Difference::typedByReference, Difference::missingInVariable,
-                Difference::zeroWhenMissing, Difference::defaultByReference});
+                Difference::zeroWhenMissing, Difference::defaultByReference,
+                Difference::otherObjectByReference});
 }
 
 }  // namespace

@@ -206,6 +206,28 @@ TEST(Shared, equalValuesGiveTheSecond) {
     EXPECT_EQ(describe(nullValue().raw()), smaller(narrowOne, nullValue()));
 }
 
+TEST(Shared, valuesAreEqualAcrossTypes) {
+    const Variant two(std::int16_t{2}), wideTwo(std::int32_t{2}), floating = single(2), empty;
+    const auto equal = [](const Variant& one, const Variant& other) {
+        const bool answer = isEqual(one.view(), other.view());
+        EXPECT_EQ(answer, isEqual(other.view(), one.view()));
+        return answer;
+    };
+    EXPECT_TRUE(equal(two, wideTwo));
+    EXPECT_TRUE(equal(two, floating));
+    EXPECT_FALSE(equal(two, Variant(2.5)));
+    EXPECT_TRUE(equal(Variant(true), Variant(std::int16_t{-1})));
+    EXPECT_FALSE(equal(Variant(true), Variant(std::int16_t{1})));
+    EXPECT_TRUE(equal(text(L"a"), text(L"a")));
+    EXPECT_FALSE(equal(text(L"a"), text(L"A")));
+    EXPECT_FALSE(equal(text(L"2"), two));
+    EXPECT_TRUE(equal(empty, Variant(std::int16_t{0})));
+    EXPECT_TRUE(equal(empty, text(L"")));
+    EXPECT_FALSE(equal(nullValue(), two));
+    EXPECT_FALSE(equal(nullValue(), nullValue()));
+    EXPECT_EQ(91, errorOf([&] { isEqual(nothing().view(), two.view()); }));
+}
+
 TEST(Shared, whatCannotBeComparedIsATypeMismatch) {
     Variant array;
     array.put()->parray = SafeArrayCreateVector(VT_VARIANT, 0, 1);

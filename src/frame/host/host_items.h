@@ -3,6 +3,7 @@
 
 #include "frame/host/bound_object.h"
 #include "frame/values/com_pointer.h"
+#include "frame/values/failure.h"
 #include "frame/values/winapi.h"
 
 namespace vorla {
@@ -37,5 +38,26 @@ private:
     std::int32_t base_ = 0;
     bool hasItem_ = false;
 };
+
+/// Visits the objects of a collection. One that the host fails to return, or whose visit fails, is skipped.
+/// After a hundred failures to return one in a row the walk ends.
+template <class Visit>
+void forEachItem(HostItems& items, Visit&& visit) {
+    constexpr int patience = 100;
+    for (int failures = 0; failures < patience;) {
+        Variant item;
+        bool found = false;
+        if (!step([&] { found = items.next(item); })) {
+            ++failures;
+            continue;
+        }
+        if (!found) return;
+        failures = 0;
+        step([&] {
+            BoundObject object(item.view());
+            visit(object);
+        });
+    }
+}
 
 }  // namespace vorla

@@ -1,6 +1,7 @@
 #include "frame/host/message_box.h"
 
 #include "frame/host/globals.h"
+#include "frame/host/window_handle.h"
 #include "frame/values/failure.h"
 #include "frame/values/runtime_error.h"
 #include "frame/values/winapi.h"
@@ -25,8 +26,7 @@ void warningBox(TextView text, TextView title) {
 
 std::int32_t messageBox(TextView text, std::int32_t style, std::int32_t owner) {
     const Text shown(text), title = app::title();
-    // Window handles have 32 significant bits on every Windows.
-    const auto window = reinterpret_cast<HWND>(static_cast<INT_PTR>(owner));
+    const auto window = windowOf(owner);
     MSGBOXPARAMSW box{};
     box.cbSize = sizeof box;
     box.hwndOwner = IsWindow(window) ? window : nullptr;
