@@ -48,7 +48,13 @@ add_library(vorla_classes OBJECT
     src/frame/com/catalogue.cpp
     src/frame/com/eEnum.publication.cpp
     src/graphics/PaintEffects.publication.cpp
+    src/graphics/VorlaGraphique.cpp
     src/graphics/VorlaGraphique.publication.cpp
+    src/graphics/form_look.cpp
+    src/graphics/form_place.cpp
+    src/graphics/menu_colour.cpp
+    src/graphics/screen_measures.cpp
+    src/graphics/text_drawing.cpp
     src/language/VorlaLangue.cpp
     src/language/VorlaLangue.publication.cpp
     src/language/form_translation.cpp

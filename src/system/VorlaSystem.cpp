@@ -20,6 +20,7 @@
 #include "frame/values/ansi.h"
 #include "frame/values/conversions.h"
 #include "frame/values/failure.h"
+#include "frame/values/handles.h"
 #include "frame/values/unique_handle.h"
 #include "frame/values/winapi.h"
 #include "system/shell_errors.h"
@@ -36,9 +37,6 @@ Text filled(Fill&& fill) {
     if (!fill(buffer.data())) return {};
     return fromAnsiBuffer({buffer.data(), buffer.size()});
 }
-
-// To hosts, handles are 32-bit numbers in both word sizes.
-HWND windowOf(std::int32_t handle) { return reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle)); }
 
 std::string rootOf(TextView path) { return toAnsi(DecoupeChemin(path, eFileN::efRacine).text()); }
 
