@@ -8,7 +8,7 @@
 namespace vorla {
 
 /// Line `number` of a text, counted from 1; lines end with CR LF. Empty after the last line. Error 6 when the
-/// line ends past character 32,767.
+/// end of one of several lines is past character 32,764.
 TextView textLine(TextView text, std::int16_t number);
 
 /// An angle in tenths of a degree, halves rounded to even. Error 6 past 32 bits.
