@@ -508,6 +508,12 @@ TEST_F(GraphiqueLook, theDesktopIsCopied) {
         if (window) owners.push_back(window);
         return contexts.callOriginal(window);
     });
+    Intercept<decltype(ReleaseDC)> released(module, "user32.dll", "ReleaseDC");
+    released.answer([&](HWND window, HDC context) {
+        // Only those that the twips per pixel are taken from. The desktop's stays open on purpose.
+        EXPECT_EQ(nullptr, window);
+        return released.callOriginal(window, context);
+    });
     run(L"FormSansCadre", {object(&seen.form)});
     // Width and height stay twips.
     EXPECT_EQ(std::vector<std::string>{"0 0 3000 1500 100 50 "}, copies);
