@@ -51,8 +51,14 @@ add_library(vorla_classes OBJECT
     src/frame/com/eEnum.publication.cpp
     src/graphics/PaintEffects.cpp
     src/graphics/PaintEffects.publication.cpp
+    src/graphics/VorlaGraphique.cpp
     src/graphics/VorlaGraphique.publication.cpp
     src/graphics/painting.cpp
+    src/graphics/form_look.cpp
+    src/graphics/form_place.cpp
+    src/graphics/menu_colour.cpp
+    src/graphics/screen_measures.cpp
+    src/graphics/text_drawing.cpp
     src/language/VorlaLangue.cpp
     src/language/VorlaLangue.publication.cpp
     src/language/form_translation.cpp
@@ -166,5 +172,6 @@ add_subdirectory(tests/clients)
 add_subdirectory(examples/cpp)
 add_subdirectory(examples/entry)
 add_subdirectory(examples/languages)
+add_subdirectory(examples/forms)
 add_subdirectory(examples/folders)
 add_subdirectory(examples/painting)

@@ -21,6 +21,7 @@
 #include "frame/values/ansi.h"
 #include "frame/values/conversions.h"
 #include "frame/values/failure.h"
+#include "frame/values/handles.h"
 #include "frame/values/unique_handle.h"
 #include "frame/values/winapi.h"
 #include "system/shell_errors.h"

@@ -199,6 +199,28 @@ TEST(PublishedOrder, ofVorlaSystem) {
                     {L"WindowHandle", 0x6003001D}});
 }
 
+TEST(PublishedOrder, ofVorlaGraphique) {
+    expectOrder(2, {{L"Centre", 0x60030000},
+                    {L"WinOnTop", 0x60030001},
+                    {L"InitBarreTitre", 0x60030002},
+                    {L"FormSize", 0x60030003},
+                    {L"FormSansCadre", 0x60030004},
+                    {L"FormDegrade", 0x60030005},
+                    {L"FormTransparente", 0x60030006},
+                    {L"ComboHeight", 0x60030007},
+                    {L"FormArrondie", 0x60030008},
+                    {L"FormTitle", 0x60030009},
+                    {L"GetRGB", 0x6003000A},
+                    {L"OleColorToRGB", 0x6003000B},
+                    {L"GetSysColor", 0x6003000C},
+                    {L"ShiftColor", 0x6003000D},
+                    {L"TextRotate", 0x6003000E},
+                    {L"MenuBackColor", 0x6003000F},
+                    {L"ScreenVirtualSize", 0x68030002, get},
+                    {L"ScreenWidth", 0x68030001, get},
+                    {L"ScreenHeight", 0x68030000, get}});
+}
+
 TEST(PublishedOrder, ofVorlaLangue) {
     expectOrder(8, {{L"ThemedBackColorApply", 0x40030000, get},
                     {L"ThemedBackColorApply", 0x40030000, let},

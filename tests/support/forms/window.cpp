@@ -1,7 +1,6 @@
 #include "support/forms/window.h"
 
 namespace vorla::forms {
-namespace {
 
 COLORREF translated(std::int32_t colour) {
     COLORREF result = 0;
@@ -10,8 +9,6 @@ COLORREF translated(std::int32_t colour) {
         throw RuntimeError(invalidPropertyValue);
     return result;
 }
-
-}  // namespace
 
 Window* Window::of(HWND window) {
     // The edit field of a combo box is a system window inside one of the host's.
@@ -95,6 +92,11 @@ Members Window::withScale(Members members) {
         .property(L"ScaleHeight", &Window::scaleHeight, &Window::setScaleHeight)
         .method(L"ScaleX", &Window::scaleX)
         .method(L"ScaleY", &Window::scaleY)
+        .method(L"Line", &Window::line)
+        .field(L"AutoRedraw", &Window::autoRedraw_)
+        .field(L"DrawStyle", &Window::drawStyle_)
+        .field(L"DrawMode", &Window::drawMode_)
+        .field(L"DrawWidth", &Window::drawWidth_)
         .readOnly(L"hDC", &Window::hDC)
         .property(L"Picture", &Window::picture, &Window::setPicture);
 }
@@ -105,7 +107,11 @@ std::int32_t Window::hWnd() const {
 }
 
 std::int32_t Window::hDC() const {
-    return static_cast<std::int32_t>(reinterpret_cast<INT_PTR>(GetDC(living())));
+    const HDC context = GetDC(living());
+    SelectObject(context, GetStockObject(DC_PEN));
+    SelectObject(context, GetStockObject(HOLLOW_BRUSH));
+    SetDCPenColor(context, foreground());
+    return static_cast<std::int32_t>(reinterpret_cast<INT_PTR>(context));
 }
 
 Text Window::text() const {
@@ -131,7 +137,8 @@ void Window::setBackColor(std::int32_t colour) {
 void Window::setForeColor(std::int32_t colour) {
     translated(colour);
     foreColor_ = colour;
-    refresh();
+    // What a program has drawn inside keeps its colour.
+    if (!hasScale()) refresh();
 }
 
 COLORREF Window::foreground() const { return translated(foreColor_); }

@@ -18,6 +18,9 @@ inline constexpr std::int32_t systemColour(int number) {
     return static_cast<std::int32_t>(0x80000000u | static_cast<unsigned>(number));
 }
 
+/// A host's colour as the one to paint with. Error 380 for an invalid one.
+COLORREF translated(std::int32_t colour);
+
 /// The window is destroyed when its form is unloaded. If the object is still referenced, members that need
 /// the window then raise error 364.
 class Window : public Object, private FontWatch::Listener {
@@ -93,6 +96,7 @@ private:
     void fontChanged() override;
 
     Extent inside() const;
+    /// A context that draws outlines in the foreground colour and fills nothing.
     std::int32_t hDC() const;
     std::int16_t scaleMode() const { return scale_.mode(); }
     void setScaleMode(std::int16_t mode) { scale_.setMode(mode, inside()); }
@@ -107,6 +111,8 @@ private:
     Variant scaleX(const HostCall& call) { return convert(call, Axis::x); }
     Variant scaleY(const HostCall& call) { return convert(call, Axis::y); }
     Variant convert(const HostCall& call, Axis axis);
+    Variant line(const HostCall& call);
+    LONG toPixels(float coordinate, Axis axis) const;
 
     const Text name_;
     const Look look_;
@@ -118,6 +124,9 @@ private:
     HostPicture picture_;
     Text tag_;
     Scale scale_;
+    // Kept for programs that read them back; what is drawn is not drawn again when the window is painted.
+    bool autoRedraw_ = false;
+    std::int16_t drawStyle_ = 0, drawMode_ = 13, drawWidth_ = 1;
 };
 
 }  // namespace vorla::forms
