@@ -12,7 +12,6 @@
 #include "frame/host/globals.h"
 #include "frame/host/message_box.h"
 #include "frame/host/object_kinds.h"
-#include "frame/host/window_handle.h"
 #include "frame/shared/files.h"
 #include "frame/shared/paths.h"
 #include "frame/shared/profile.h"

@@ -1,8 +1,8 @@
 #include "frame/host/message_box.h"
 
 #include "frame/host/globals.h"
-#include "frame/host/window_handle.h"
 #include "frame/values/failure.h"
+#include "frame/values/handles.h"
 #include "frame/values/runtime_error.h"
 #include "frame/values/winapi.h"
 
