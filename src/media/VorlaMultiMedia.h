@@ -160,6 +160,7 @@ private:
     void fadeOutAlias(TextView alias, eMMCloseStyle style);
     bool closeAlias(TextView alias, eMMCloseStyle style);
     bool closeTypes(mmCanal channel, MMType sources, eMMCloseStyle style);
+    bool closeAllChannels(eMMCloseStyle style);
     bool isAliasPlaying(TextView alias);
     void rampDisc(std::uint8_t percent, eMMCloseStyle style);
 
