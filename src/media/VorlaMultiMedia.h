@@ -166,7 +166,6 @@ private:
 
     bool hasDisc() const { return !discAlias_.empty(); }
     bool prepareDisc(TextView drive);
-    Variant timeOnDisc(std::int32_t milliseconds, eMMReturnVal format);
 
     media::Mci mci_;
     // CdAliasOpen: the alias of the disc while this object has it open.
