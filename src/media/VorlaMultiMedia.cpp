@@ -159,6 +159,13 @@ bool VorlaMultiMedia::closeTypes(mmCanal channel, MMType sources, eMMCloseStyle 
     return closed;
 }
 
+bool VorlaMultiMedia::closeAllChannels(eMMCloseStyle style) {
+    bool closed = true;
+    for (std::int32_t channel = 0; channel < channelCount; ++channel)
+        if (!closeTypes(static_cast<mmCanal>(channel), allTypes, style)) closed = false;
+    return closed;
+}
+
 bool VorlaMultiMedia::MMClose(TextView Alias, MMType Sources, mmCanal Canal, TextView FileName, bool All,
                               eMMCloseStyle CloseSlowly) {
     bool result = false;
@@ -166,11 +173,7 @@ bool VorlaMultiMedia::MMClose(TextView Alias, MMType Sources, mmCanal Canal, Tex
         if (!Alias.empty()) {
             result = Alias == discAlias ? MMCDStop() : closeAlias(Alias, CloseSlowly);
         } else if (All || (FileName.empty() && Sources == fromFileName)) {
-            result = true;
-            const auto first = All ? 0 : static_cast<std::int32_t>(Canal);
-            const auto last = All ? channelCount - 1 : first;
-            for (auto channel = first; channel <= last; ++channel)
-                if (!closeTypes(static_cast<mmCanal>(channel), allTypes, CloseSlowly)) result = false;
+            result = All ? closeAllChannels(CloseSlowly) : closeTypes(Canal, allTypes, CloseSlowly);
             if (isAliasPlaying(discAlias)) result = MMCDStop();
         } else {
             // The result stays false: old hosts rely on it.

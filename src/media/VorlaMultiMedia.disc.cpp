@@ -29,6 +29,16 @@ Text clockTextOf(std::int32_t milliseconds) {
     return clockText(wholeSeconds(milliseconds), true, InfoLocale(LOCALE_STIME));
 }
 
+// The time in a unit; Empty for a unit that does not exist.
+Variant inUnit(eMMReturnVal unit, std::int32_t milliseconds) {
+    switch (unit) {
+        case eMMReturnVal::ervMillisecondes: return milliseconds;
+        case eMMReturnVal::ervSecondes: return wholeSeconds(milliseconds);
+        case eMMReturnVal::ervStringSecondes: return TextView(clockTextOf(milliseconds));
+    }
+    return {};
+}
+
 // The texts as an array that begins at 1.
 Variant arrayFrom1(const std::vector<Text>& texts) {
     SAFEARRAYBOUND bound{static_cast<ULONG>(texts.size()), 1};
@@ -170,22 +180,13 @@ Variant VorlaMultiMedia::MMCDTracks(TextView Lecteur, bool TrackTime, TextView T
     return arrayFrom1(lines);
 }
 
-Variant VorlaMultiMedia::timeOnDisc(std::int32_t milliseconds, eMMReturnVal format) {
-    switch (format) {
-        case eMMReturnVal::ervMillisecondes: return milliseconds;
-        case eMMReturnVal::ervSecondes: return wholeSeconds(milliseconds);
-        case eMMReturnVal::ervStringSecondes: return TextView(clockTextOf(milliseconds));
-    }
-    return {};
-}
-
 Variant VorlaMultiMedia::MMCDLenght(eMMReturnVal FormatTime) {
     if (!hasDisc()) return {};
     mci_.send(useMilliseconds(discAlias_));
     // Its answer plays no part, but drivers have always been asked.
     mci_.ask(status(discAlias_, L"start position"), discReply);
     const auto length = mci_.ask(status(discAlias_, L"length"), discReply);
-    return length.worked ? timeOnDisc(beginningInt32(length.text), FormatTime) : Variant();
+    return length.worked ? inUnit(FormatTime, beginningInt32(length.text)) : Variant();
 }
 
 std::int32_t VorlaMultiMedia::MMCDTrackLenght(std::int16_t TrackNum, eMMReturnVal FormatTime) {
@@ -231,7 +232,7 @@ Variant VorlaMultiMedia::MMCDPosition(eMMReturnVal FormatTime) {
     const auto start = beginningInt32(mci_.ask(status(discAlias_, L"start position"), discReply).text);
     const auto position = mci_.ask(status(discAlias_, L"position"), discReply);
     if (!position.worked) return {};
-    return timeOnDisc(roundedToInt32(leadingNumber(position.text) - start), FormatTime);
+    return inUnit(FormatTime, roundedToInt32(leadingNumber(position.text) - start));
 }
 
 Variant VorlaMultiMedia::MMCDTrackPosition(std::int16_t TrackNum, eMMReturnVal FormatTime) {
@@ -242,7 +243,7 @@ Variant VorlaMultiMedia::MMCDTrackPosition(std::int16_t TrackNum, eMMReturnVal F
     if (!start.worked) return {};
     const auto position = mci_.ask(status(discAlias_, L"position"), discReply);
     if (!position.worked) return {};
-    return timeOnDisc(roundedToInt32(leadingNumber(position.text) - beginningInt32(start.text)), FormatTime);
+    return inUnit(FormatTime, roundedToInt32(leadingNumber(position.text) - beginningInt32(start.text)));
 }
 
 bool VorlaMultiMedia::IsCd(TextView FileName) {

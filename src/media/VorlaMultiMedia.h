@@ -160,12 +160,12 @@ private:
     void fadeOutAlias(TextView alias, eMMCloseStyle style);
     bool closeAlias(TextView alias, eMMCloseStyle style);
     bool closeTypes(mmCanal channel, MMType sources, eMMCloseStyle style);
+    bool closeAllChannels(eMMCloseStyle style);
     bool isAliasPlaying(TextView alias);
     void rampDisc(std::uint8_t percent, eMMCloseStyle style);
 
     bool hasDisc() const { return !discAlias_.empty(); }
     bool prepareDisc(TextView drive);
-    Variant timeOnDisc(std::int32_t milliseconds, eMMReturnVal format);
 
     media::Mci mci_;
     // CdAliasOpen: the alias of the disc while this object has it open.

@@ -521,6 +521,39 @@ TEST_F(Disc, anotherObjectSeesTheDiscByItsAliasOnly) {
     EXPECT_EQ(log, Log{"Status QZCDPlay mode [20]"});
 }
 
+TEST_F(Disc, everyCommandFailsInTurn) {
+    insert();
+    devices.fail("status  media present");
+    // Opening, the medium and the count decide; a type that cannot be read is not audio, and the rest only
+    // ends what was begun.
+    for (int refused = 1; refused <= 10; ++refused) {
+        devices.failCommand(refused);
+        get(L"MMCDIsReady", {text(L"D:")});
+        expect(Variant(refused > 3), std::to_string(refused));
+        EXPECT_EQ(sentBy(L"MMCDStop"), Log{}) << refused;
+    }
+    open();
+    devices.answer("status QZCDPlay position track 2", "90000")
+        .answer("status QZCDPlay length track 2", "61000");
+    const struct {
+        bool plays;
+        const char* last;
+    } rows[] = {{false, "status QZCDPlay media present"},
+                {true, "play QZCDPlay from 90000 to 151000"},
+                {false, "status QZCDPlay position track 2 [50]"},
+                {true, "play QZCDPlay from 90000 to 151000"},
+                {true, "play QZCDPlay from 90000 to 151000"},
+                // Without a length the end is the start.
+                {true, "play QZCDPlay from 90000 to 90000"},
+                {false, "play QZCDPlay from 90000 to 151000"}};
+    int refused = 0;
+    for (const auto& row : rows) {
+        devices.failCommand(++refused);
+        EXPECT_EQ(sentBy(L"MMCDPlayTrack", {short16(2), text(L""), Variant(true)}).back(), row.last);
+        expect(Variant(row.plays), std::to_string(refused));
+    }
+}
+
 TEST_F(Disc, failingAllocationsLeakNothing) {
     insert();
     open();

@@ -239,6 +239,9 @@ TEST_F(MultiMedia, closeWithoutArgumentsClosesTheFourTypesOfAChannel) {
               four("10") + asking);
     EXPECT_EQ(sentBy(L"MMClose", {text(L""), long32(-1), long32(11), text(L""), no(), fast()}),
               four("") + asking);
+    for (const std::int32_t channel : {-1, 2147483647, -2147483647 - 1})
+        EXPECT_EQ(sentBy(L"MMClose", {text(L""), long32(-1), long32(channel), text(L""), no(), fast()}),
+                  four("") + asking);
     for (const char* refused : {"Close SonAvi", "Close SonMidi", "Close SonMp3", "Close SonWav"}) {
         devices.fail(refused);
         EXPECT_EQ(sentBy(L"MMClose", {text(L""), long32(-1), long32(0), text(L""), no(), fast()}),

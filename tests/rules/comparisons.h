@@ -12,6 +12,7 @@
 #include "frame/values/leading_number.h"
 #include "language/language_format.h"
 #include "language/message_text.h"
+#include "media/replies.h"
 #include "naive.h"
 #include "outcome.h"
 #include "system/file_types.h"
@@ -323,6 +324,34 @@ inline Comparison fileTypes(Arguments& arguments) {
     return compared(call("typeOfExtension", extension),
                     outcomeOf([&] { return std::to_wstring(static_cast<int>(typeOfExtension(extension))); }),
                     outcomeOf([&] { return std::to_wstring(naive::typeOfExtension(extension)); }));
+}
+
+// Answers of the media devices: numbers around the ends of both integer types, with something behind them.
+inline Comparison replies(Arguments& arguments) {
+    constexpr TextView known[] = {L"", L"3276", L"-3276", L"214748364", L"-214748364", L"2147483647.", L"1e"};
+    const Text reply =
+        Text(known[arguments.byte() % std::size(known)]) + arguments.text(L"0123456789.-: x", 6);
+    const bool narrow = arguments.flag();
+    return compared(
+        call("beginning", reply, narrow), outcomeOf([&] {
+            return std::to_wstring(narrow ? media::beginningInt16(reply) : media::beginningInt32(reply));
+        }),
+        outcomeOf([&] {
+            return std::to_wstring(narrow ? naive::beginningOf(reply, -32768, 32767)
+                                          : naive::beginningOf(reply, -2147483648.0, 2147483647));
+        }));
+}
+
+// Words for states, some with a character changed, cut off or added.
+inline Comparison mediaStates(Arguments& arguments) {
+    constexpr TextView known[] = {L"playing",   L"paused", L"stopped", L"not ready",
+                                  L"recording", L"parked", L"open",    L"seeking"};
+    Text reply(known[arguments.byte() % std::size(known)]);
+    const Text changed = arguments.text(L"aeopP ", 2);
+    reply.replace(arguments.byte() % (reply.size() + 1), arguments.byte() % 2u, changed);
+    return compared(call("statusIn", reply),
+                    outcomeOf([&] { return std::to_wstring(static_cast<int>(media::statusIn(reply))); }),
+                    outcomeOf([&] { return std::to_wstring(naive::statusIn(reply)); }));
 }
 
 }  // namespace compare

@@ -3,7 +3,7 @@
 
 foreach(rule fields terminator columns replacement occurrences quoting keys nextCode
              paths extensions folderLevels escapes controlKeys messages amounts bankKey dateOrder
-             versions leadingNumbers fileTypes)
+             versions leadingNumbers fileTypes replies mediaStates)
     add_executable(fuzz_${rule} fuzz.cpp)
     target_compile_definitions(fuzz_${rule} PRIVATE VORLA_RULE=${rule})
     # The comparisons of the rules guide the fuzzer; recording those of the oracle, which walks long texts

@@ -3,6 +3,7 @@
 // numbers with the rules, which do the same in one pass and are compared with them.
 #pragma once
 
+#include <cmath>
 #include <cstdlib>
 #include <string>
 
@@ -407,6 +408,21 @@ inline long typeOfExtension(const String& extension) {
     for (const String& list : lists)
         if (!extension.empty() && firstPlace(list, L" " + extension + L" ", 1) != 0) return list[0] - L'0';
     return 5;
+}
+
+// The number that a device's answer begins with, from `least` to `most`.
+inline long beginningOf(const String& reply, double least, double most) {
+    const double whole = std::nearbyint(leadingNumber(reply));
+    if (!(whole >= least && whole <= most)) throw RuntimeError(ErrorNumber::overflow);
+    return static_cast<long>(whole);
+}
+
+// The state's number stands before its word.
+inline long statusIn(const String& reply) {
+    const String states = L"|0playing|1paused|2stopped|3not ready|4recording|5parked|6open|7seeking|";
+    for (wchar_t number = L'1'; number <= L'7'; ++number)
+        if (firstPlace(states, String(L"|") + number + reply + L"|", 1) != 0) return number - L'0';
+    return 0;
 }
 
 }  // namespace vorla::naive

@@ -46,6 +46,8 @@ TEST(Properties, VersionsFollowTheirTable) { expectAgreement(compare::versions, 
 TEST(Properties, LeadingNumbersFollowTheirSteps) { expectAgreement(compare::leadingNumbers, {0}); }
 TEST(Properties, FileTypesFollowTheirLists) { expectAgreement(compare::fileTypes, {0}); }
 TEST(Properties, DatesFollowTheirSteps) { expectAgreement(compare::dateOrder, {0, 5}); }
+TEST(Properties, AnswersOfDevicesFollowTheirSteps) { expectAgreement(compare::replies, {0, 6}); }
+TEST(Properties, StatesOfDevicesFollowTheirWords) { expectAgreement(compare::mediaStates, {0}); }
 
 }  // namespace
 }  // namespace vorla
