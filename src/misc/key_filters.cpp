@@ -19,7 +19,7 @@ constexpr bool isToggle(ToucheCtl key) {
 
 std::int16_t upperKey(std::int16_t code, std::uint8_t (*upperOf)(std::uint8_t)) {
     if (code < 0 || code > 0xFF) return code;
-    const auto upper = upperOf(static_cast<std::uint8_t>(code));
+    const std::int16_t upper = upperOf(static_cast<std::uint8_t>(code));
     return upper == '?' ? code : upper;
 }
 
