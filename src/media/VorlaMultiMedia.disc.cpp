@@ -4,9 +4,9 @@
 
 #include "frame/host/bound_object.h"
 #include "frame/host/object_kinds.h"
+#include "frame/shared/durations.h"
 #include "frame/shared/files.h"
 #include "frame/shared/paths.h"
-#include "frame/shared/system_queries.h"
 #include "frame/values/conversions.h"
 #include "frame/values/failure.h"
 #include "frame/values/leading_number.h"
@@ -25,9 +25,7 @@ using namespace media;
 // Windows has a macro of the enumeration's name for it.
 constexpr auto discDrive = static_cast<eDriveType>(DRIVE_CDROM);
 
-Text clockTextOf(std::int32_t milliseconds) {
-    return clockText(wholeSeconds(milliseconds), true, InfoLocale(LOCALE_STIME));
-}
+Text clockTextOf(std::int32_t milliseconds) { return DureeTexte(wholeSeconds(milliseconds), true); }
 
 // The time in a unit; Empty for a unit that does not exist.
 Variant inUnit(eMMReturnVal unit, std::int32_t milliseconds) {

@@ -127,7 +127,7 @@ public:
     Variant MMCDTracks(TextView Lecteur, bool TrackTime, TextView TrackPrefixe, const HostObject& LstCmb);
 
     /// The length of the disc, the position on it, and the position in a track (0 is the one that plays), in
-    /// the given unit: 32-bit integers or a text; see clockText(). Empty when no disc is open. Error 6 for
+    /// the given unit: 32-bit integers or a text; see DureeTexte(). Empty when no disc is open. Error 6 for
     /// more than 32 bits.
     Variant MMCDLenght(eMMReturnVal FormatTime);
     Variant MMCDPosition(eMMReturnVal FormatTime);

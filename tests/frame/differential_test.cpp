@@ -433,8 +433,8 @@ private:
 // Keeps generated arguments from harming the machine. A generated name could be that of a program, file or
 // folder, so no program is started and nothing is deleted, renamed or created. No temporary name is drawn,
 // because each would be a different one. Dialogs find no user. INI files without a folder would be written
-// among Windows' own. A clock that gains a day at each look keeps long waits short; the time of day stands still.
-// The mouse pointer stays, and nothing beeps.
+// among Windows' own. A clock that gains a day at each look keeps long waits short; the time of day stands
+// still. The mouse pointer stays, and nothing beeps.
 class Harmless {
 public:
     Harmless() {

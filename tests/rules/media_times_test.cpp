@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
-
 #include "media/disc_tracks.h"
 #include "outcome.h"
 
@@ -28,46 +26,7 @@ TEST(MediaTimes, RoundHalvesToEvenSeconds) {
     for (const auto& row : rows) EXPECT_EQ(wholeSeconds(row.milliseconds), row.seconds) << row.milliseconds;
 }
 
-TEST(ClockText, HasTwoDigitsEach) {
-    const struct {
-        std::int32_t seconds;
-        TextView full, minutes;
-    } rows[] = {{0, L"00:00:00", L"00:00"},
-                {59, L"00:00:59", L"00:59"},
-                {125, L"00:02:05", L"02:05"},
-                {3599, L"00:59:59", L"59:59"},
-                {3600, L"01:00:00", L"01:00:00"},
-                {3725, L"01:02:05", L"01:02:05"},
-                {360000, L"100:00:00", L"100:00:00"},
-                {2147483647, L"596523:14:07", L"596523:14:07"},
-                {-5, L"-00:00:05", L"00:-05"},
-                {-60, L"-00:01:00", L"-01:00"},
-                {-125, L"-00:02:05", L"-02:-05"},
-                {-3725, L"-01:02:05", L"-02:-05"},
-                {-2147483647 - 1, L"-596523:14:08", L"-14:-08"}};
-    for (const auto& row : rows) {
-        EXPECT_EQ(clockText(row.seconds, false, L":"), row.full) << row.seconds;
-        EXPECT_EQ(clockText(row.seconds, true, L":"), row.minutes) << row.seconds;
-    }
-}
-
-TEST(ClockText, OfEverySecondOfADayCountsUp) {
-    char expected[16];
-    for (int seconds = 0; seconds < 86400; ++seconds) {
-        std::snprintf(expected, sizeof expected, "%02d:%02d:%02d", seconds / 3600, seconds % 3600 / 60,
-                      seconds % 60);
-        const std::string text(expected);
-        ASSERT_EQ(clockText(seconds, false, L":"), Text(text.begin(), text.end()));
-        ASSERT_EQ(clockText(seconds, true, L":"), Text(text.begin() + (seconds < 3600 ? 3 : 0), text.end()));
-    }
-}
-
-TEST(ClockText, TakesAnySeparator) {
-    EXPECT_EQ(clockText(125, false, L""), L"000205");
-    EXPECT_EQ(clockText(125, true, L" h "), L"02 h 05");
-}
-
-TEST(ClockText, IsNoIntegerUnlessItHasNoSeparator) {
+TEST(MediaTimes, AreNoIntegerUnlessItHasNoSeparator) {
     EXPECT_EQ(integerIn(L"0205"), 205);
     for (const TextView time : {L"02:05", L"02.05", L"02 05", L"", L"-0205"})
         EXPECT_EQ(outcomeOf([&] { return integerIn(time); }), Outcome<std::int32_t>(Raises(13)));
