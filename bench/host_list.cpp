@@ -10,9 +10,8 @@ enum : DISPID { listCount = 1, list, itemData };
 
 }  // namespace
 
-HostList::HostList() {
-    for (std::int32_t i = 0; i < lineCount; ++i)
-        lines_.push_back(Bstr(TextView(L"ligne " + std::to_wstring(i))));
+HostList::HostList(std::int32_t count) {
+    for (std::int32_t i = 0; i < count; ++i) lines_.push_back(Bstr(TextView(L"ligne " + std::to_wstring(i))));
 }
 
 HRESULT HostList::QueryInterface(REFIID id, void** object) {
@@ -41,13 +40,13 @@ HRESULT HostList::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, 
     ++calls;
     if (id == listCount) {
         result->vt = VT_I4;
-        result->lVal = lineCount;
+        result->lVal = count();
         return S_OK;
     }
     if (parameters->cArgs != 1) return DISP_E_BADPARAMCOUNT;
     const VARIANT& index = parameters->rgvarg[0];
     if (index.vt != VT_I4) return DISP_E_TYPEMISMATCH;
-    if (index.lVal < 0 || index.lVal >= lineCount) return DISP_E_BADINDEX;
+    if (index.lVal < 0 || index.lVal >= count()) return DISP_E_BADINDEX;
     if (id == itemData) {
         result->vt = VT_I4;
         result->lVal = index.lVal * 2;

@@ -15,7 +15,7 @@ class HostList final : public IDispatch {
 public:
     static constexpr std::int32_t lineCount = 10'000;
 
-    HostList();
+    explicit HostList(std::int32_t count = lineCount);
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
     // Lives as long as the measurement, whatever refers to it.
@@ -31,6 +31,8 @@ public:
     int calls = 0;
 
 private:
+    std::int32_t count() const { return static_cast<std::int32_t>(lines_.size()); }
+
     std::vector<Bstr> lines_;
 };
 

@@ -53,7 +53,7 @@ std::wstring wide(const char* text) {
 bool measureAll(Bench& bench, const Component& component) {
     bool correct = true;
     for (const auto measure : {measureLateBinding, measureEarlyBinding, measureCreation, measureHostObjects,
-                               measureGrowth, measureFormLoading, measurePainting}) {
+                               measureSearches, measureGrowth, measureFormLoading, measurePainting}) {
         try {
             measure(bench, component);
         } catch (const std::exception& error) {

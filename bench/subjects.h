@@ -18,6 +18,9 @@ void measureCreation(Bench& bench, const Component& component);
 /// A host's list driven by name, compared with the same loop written by hand.
 void measureHostObjects(Bench& bench, const Component& component);
 
+/// Searches in a host's list and in large arrays.
+void measureSearches(Bench& bench, const Component& component);
+
 /// Time per character for long texts compared with short ones.
 void measureGrowth(Bench& bench, const Component& component);
 

@@ -36,7 +36,7 @@ public:
         if (whole_ ? text.size() != key_.size() : text.size() < key_.size()) return false;
         // Only as many letters as are compared need another case.
         const auto compared = text.substr(0, key_.size());
-        return caseSensitive_ ? compared == key_ : lowerCased(compared) == key_;
+        return caseSensitive_ ? compared == key_ : isInLowerCase(compared);
     }
 
     /// The same for a field of the text. The separator is taken as it was given.
@@ -47,6 +47,18 @@ public:
     }
 
 private:
+    // Whether this text, as long as the key, is the key in lower case. The system is asked only about a text
+    // whose first difference may lie beyond ASCII: most lines of a long list are other texts.
+    bool isInLowerCase(TextView text) const {
+        for (std::size_t i = 0; i < text.size(); ++i) {
+            const auto character = text[i];
+            if (character >= 0x80) return lowerCased(text) == key_;
+            const bool isCapital = character >= L'A' && character <= L'Z';
+            if ((isCapital ? character + (L'a' - L'A') : character) != key_[i]) return false;
+        }
+        return true;
+    }
+
     const Text key_;
     const bool caseSensitive_;
     const bool whole_;

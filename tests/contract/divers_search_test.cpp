@@ -37,7 +37,7 @@ TEST_F(DiversLists, aLineIsFoundInRealWindows) {
     auto& combo = form.add<forms::ComboBox>({.name = L"cbo"});
     auto& multi = form.add<forms::MultiListBox>({.name = L"lstMulti"});
     for (forms::Object* each : std::initializer_list<forms::Object*>{&list, &combo, &multi}) {
-        add(*each, {L"Abc", L"ab", L"Été", L"AB"});
+        add(*each, {L"Abc", L"ab", L"Été", L"AB", L"NOËL 1", L"noël"});
         expectResult(find(each, {text(L"ab")}), long32(1));
         expectResult(find(each, {text(L"AB")}), long32(1));
         expectResult(find(each, {text(L"AB"), false, true}), long32(3));
@@ -46,6 +46,9 @@ TEST_F(DiversLists, aLineIsFoundInRealWindows) {
         expectResult(find(each, {text(L"abcd"), false, false, false}), none);
         expectResult(find(each, {text(L"ÉTÉ")}), long32(2));
         expectResult(find(each, {text(L"été"), false, true}), none);
+        expectResult(find(each, {text(L"NOËL")}), long32(5));
+        expectResult(find(each, {text(L"noËl"), false, false, false}), long32(4));
+        expectResult(find(each, {text(L"noêl")}), none);
         expectResult(find(each, {text(L"b")}), none);
         expectResult(find(each, {text(L"")}), none);
     }
