@@ -61,7 +61,7 @@ public:
     std::int32_t GetSysColor(const SysColor& Color);
 
     /// A colour shifted by numbers; see shiftedColour(). Errors: 6 for what does not fit, 13 and 94 for
-    /// values that are no numbers.
+    /// values that are not numbers.
     std::int32_t ShiftColor(std::int32_t Color, VariantView RValue, VariantView vValue, VariantView BValue,
                             const eXpColorShift& OPE);
 

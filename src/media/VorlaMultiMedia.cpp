@@ -299,7 +299,7 @@ std::uint8_t VorlaMultiMedia::MMVolumePercentGet(std::uint8_t& VolGauche, std::u
 
 void VorlaMultiMedia::MMVolumePercentLet(std::uint8_t& NewGauche, VariantView NewDroite, eMixerType TypeVol) {
     NewGauche = std::min(NewGauche, std::uint8_t{100});
-    // A right volume that is no number counts as 0.
+    // A right volume that is not a number counts as 0.
     const auto right = endOnError(std::int32_t{0}, [&] {
         return volumeOfPercent(NewDroite.isMissing() ? NewGauche : limited(NewDroite));
     });

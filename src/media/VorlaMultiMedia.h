@@ -133,8 +133,8 @@ public:
     Variant MMCDPosition(eMMReturnVal FormatTime);
     Variant MMCDTrackPosition(std::int16_t TrackNum, eMMReturnVal FormatTime);
 
-    /// The length of a track; 0 when no disc is open. Error 13 for its length as text, which is no integer;
-    /// old hosts rely on it.
+    /// The length of a track; 0 when no disc is open. Error 13 for its length as text, which is not an
+    /// integer; old hosts rely on it.
     std::int32_t MMCDTrackLenght(std::int16_t TrackNum, eMMReturnVal FormatTime);
 
     /// The track that plays. Continue on error: 0.

@@ -107,7 +107,7 @@ Moment momentOf(const SYSTEMTIME& time) {
 // A date to the nearest second.
 Moment momentOf(Date date) {
     SYSTEMTIME time;
-    // Some systems make a date out of what is no number.
+    // Some systems make a date out of what is not a number.
     if (std::isnan(date.days) || !VariantTimeToSystemTime(date.days, &time))
         throw RuntimeError(ErrorNumber::invalidProcedureCall);
     return momentOf(time);

@@ -61,7 +61,7 @@ public:
     /// `ToValue`.
     std::int32_t RndBetween(std::int32_t FromValue, const std::int32_t& ToValue);
 
-    /// Whether the value is no array, or an array that was never dimensioned or has been erased.
+    /// Whether the value is not an array, or an array that was never dimensioned or has been erased.
     bool IsArrayEmpty(const Variant& Tableau);
 
     /// The time from one date to another in French words; see dateDifference(). A `DateFin` of 0 is now. With
@@ -76,7 +76,7 @@ public:
     bool IsNodeExist(const HostObject& Tree, TextView Key);
 
     /// The code of a mouse button in the host's numbering or in another control's; see mouseButtons. Empty
-    /// for what is no code, and when `Quoi` or `Sens` is not a member of its enumeration.
+    /// for what is not a code, and when `Quoi` or `Sens` is not a member of its enumeration.
     Variant ElTranslate(eElTranslate Quoi, VariantView Value, eElTranslateSens Sens);
 
     // Keyboard filters. They take a typed character's code in the ANSI code page and return the one to keep,

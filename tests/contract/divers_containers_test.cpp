@@ -81,7 +81,7 @@ protected:
         control.property(L"Container", container ? object(container) : Variant());
         return control;
     }
-    // A container that is no control of the form.
+    // A container that is not a control of the form.
     ScriptedObject& addContainer(const wchar_t* name, Variant index = {}) {
         auto& container = *containers.emplace_back(std::make_unique<ScriptedObject>());
         container.property(L"Name", text(name)).property(L"Enabled", true);
@@ -286,7 +286,7 @@ TEST_F(DiversOptions, valuesAreComparedAsHostsDo) {
     expectResult(find({short16(0), short16(1), short16(2)}, {short16(1)}), short16(1));
     expectResult(find({long32(5), 5.0, short16(5)}, {5.0}), short16(0));
     expectResult(find({text(L"a"), text(L"b")}, {text(L"b")}), short16(1));
-    // A text is no number.
+    // A text is not a number.
     expectResult(find({text(L"1"), short16(1)}, {short16(1)}), short16(1));
     expectResult(find({nullValue(), true}), short16(1));
     expectResult(find({nullValue(), true}, {nullValue()}), short16(-1));

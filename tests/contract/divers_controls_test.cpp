@@ -217,7 +217,7 @@ TEST_F(Divers, fontsAreCopied) {
         put(style, true);
     put(DISPID_FONT_CHARSET, short16(SYMBOL_CHARSET));
     const auto expectCopied = [&] {
-        // The number 1 is no property.
+        // The number 1 is not a property.
         for (const DISPID property : {0, 2, 3, 4, 5, 6, 7, 8})
             EXPECT_EQ(describe(fontValue(source, property).raw()),
                       describe(fontValue(target, property).raw()))

@@ -154,7 +154,7 @@ TEST_F(DiversCriteria, dateFieldsHaveAValueOfTheirOwn) {
                 {L"QZText", {L"5", L"1", 5}, {L"3", L"0", 0}, false},
                 {L"qztext", {L"b", L"1", 5}, {L"a", L"2", 5}, true},
                 {L"TextBox", {L"b", L"1", 5}, {L"a", L"2", 5}, true},
-                // A kind that is no number is none.
+                // A kind that is not a number is none.
                 {L"QZText", {L"b", L"1", -1}, {L"a", L"2", -1}, true}};
     Intercept<decltype(MessageBoxIndirectW)> box(module, "user32.dll", "MessageBoxIndirectW");
     box.answer([](const MSGBOXPARAMSW*) { return IDOK; });

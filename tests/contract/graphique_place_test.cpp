@@ -514,7 +514,7 @@ TEST_F(GraphiqueCombos, aHeightPast32BitsIsError6) {
     EXPECT_EQ(20, moved.height);
 }
 
-// A combo box that is no window any more.
+// A combo box that is not a window any more.
 TEST_F(GraphiqueCombos, withoutAWindow) {
     SeenCombo seen(nullptr, nullptr, form.handle());
     seen.combo.property(L"Parent", object(&seen.form));

@@ -268,7 +268,7 @@ TEST_F(LangueForms, aTabGetsItsColourWhateverItsOwnIs) {
     EXPECT_EQ(0u, bare.logged(L"put"));
     EXPECT_EQ(tabs, numberIn(tab, L"BackColor"));
     form.list.items({}, ScriptedObject::Walk::byEnumerator);
-    // Without the tag, what is no colour is left alone.
+    // Without the tag, what is not a colour is left alone.
     Form untagged;
     auto& red = untagged.add(L"Label", L"lbl");
     red.value(L"BackColor") = text(L"red");

@@ -1,4 +1,4 @@
-// The members that paint pictures: bitmaps, icons with and without alpha, and what is no picture to paint.
+// The members that paint pictures: bitmaps, icons with and without alpha, and what is not a picture to paint.
 #include "contract/paint_fixture.h"
 #include "support/import_patch.h"
 #include "support/memory_count.h"

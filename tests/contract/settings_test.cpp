@@ -19,7 +19,7 @@ protected:
 
     const Component component;
     const Dispatch numérique = component.create(1), dates = component.create(3), files = component.create(5);
-    // Codes that are no numbers under one setting or another are told to the user.
+    // Codes that are not numbers under one setting or another are told to the user.
     const NoDialogs none;
 };
 

@@ -203,7 +203,7 @@ enum class Difference {
     valueForReference,
     // A record as result: Wine's system cannot do it and answers E_NOTIMPL. Ours returns the record.
     recordResult,
-    // An object that is no picture or font: the system answers E_NOINTERFACE, which no host expects of
+    // An object that is not a picture or font: the system answers E_NOINTERFACE, which no host expects of
     // Invoke. Ours answers type mismatch with the argument's index.
     otherObject,
     // The same by reference: the system does not look and hands the member an object without the interface

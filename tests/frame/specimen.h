@@ -68,7 +68,7 @@ public:
     HostObject readTarget() const { return target_; }
     void writeTarget(HostObject value) { target_ = std::move(value); }
 
-    // A name that is no identifier.
+    // A name that is not an identifier.
     std::int16_t spaced() { return 7; }
 
     // Failures.

@@ -13,7 +13,7 @@ TEST(PaintColours, APalettesMarkMakesNoOtherColour) {
     EXPECT_TRUE(isSameColour(white, marked(white)));
     EXPECT_TRUE(isSameColour(marked(red), marked(red)));
     EXPECT_FALSE(isSameColour(marked(red), blue));
-    // The entry of a palette is no colour: entry 255 is not red.
+    // The entry of a palette is not a colour: entry 255 is not red.
     EXPECT_FALSE(isSameColour(0x010000FF, red));
     EXPECT_TRUE(isSameColour(0x010000FF, 0x010000FF));
 }

@@ -53,7 +53,7 @@ requires std::is_enum_v<Enumeration> Variant hostArgument(Enumeration value) {
     return Variant(static_cast<std::int32_t>(value));
 }
 
-/// The object in a result. Errors: 91 for Nothing, 424 for what is no object.
+/// The object in a result. Errors: 91 for Nothing, 424 for what is not an object.
 HostObject objectIn(VariantView value);
 
 /// A host object and the identifiers of the names used on it. Each name is looked up once; after that a read
@@ -91,7 +91,7 @@ public:
     /// A property's value as a colour, by colourIn().
     std::int32_t getColour(Literal name) { return colourIn(get(name).view()); }
 
-    /// An object that a property refers to. Errors: 91 for Nothing, 424 for what is no object.
+    /// An object that a property refers to. Errors: 91 for Nothing, 424 for what is not an object.
     template <class... Indices>
     HostObject getObject(Literal name, const Indices&... indices) {
         return objectIn(get(name, indices...).view());

@@ -13,8 +13,8 @@ namespace vorla {
 ///     for (auto i = elements.first(); i <= elements.last(); ++i) use(elements[i]);
 class LockedArray {
 public:
-    /// Errors: 13 for what is no array, for more than one dimension and for records; 5 for an array that was
-    /// never dimensioned.
+    /// Errors: 13 for what is not an array, for more than one dimension and for records; 5 for an array that
+    /// was never dimensioned.
     explicit LockedArray(VariantView array);
     LockedArray(const LockedArray&) = delete;
     LockedArray& operator=(const LockedArray&) = delete;
