@@ -7,6 +7,7 @@
 #include "frame/shared/durations.h"
 #include "frame/shared/files.h"
 #include "frame/shared/paths.h"
+#include "frame/shared/system_queries.h"
 #include "frame/values/conversions.h"
 #include "frame/values/failure.h"
 #include "frame/values/leading_number.h"
