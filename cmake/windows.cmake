@@ -160,7 +160,7 @@ function(vorla_test program)
     add_test(NAME ${program}.en_US.heap COMMAND ${program} WORKING_DIRECTORY ${CMAKE_BINARY_DIR})
     set_tests_properties(${program}.en_US.heap PROPERTIES
         ENVIRONMENT "VORLA_LANG=en_US.UTF-8;WINEDEBUG=warn+heap,fixme-all" FAIL_REGULAR_EXPRESSION "warn:heap"
-        RESOURCE_LOCK ${wine_prefix} TIMEOUT 300)
+        RESOURCE_LOCK ${wine_prefix} TIMEOUT 900)
 endfunction()
 
 add_subdirectory(tests/support)
