@@ -41,31 +41,21 @@ Variant BoundObject::run(DISPID member, WORD kind, std::span<Variant> reversed) 
     return invoked(object_.get(), member, kind, parameters);
 }
 
-DISPID BoundObject::id(Literal name) {
+DISPID BoundObject::newId(Literal name) {
     DISPID found = DISPID_UNKNOWN;
-    throwIfFailed(find(name, found));
+    throwIfFailed(lookUp(name, found));
     return found;
 }
 
-// In a loop the same literals are used again and again, so their addresses are compared first.
-HRESULT BoundObject::find(Literal name, DISPID& found) {
-    for (const Name& known : names_) {
-        if (known.name.isSame(name)) {
-            found = known.id;
-            return S_OK;
-        }
-    }
-    return findElsewhere(name, found);
-}
-
-HRESULT BoundObject::findElsewhere(Literal name, DISPID& found) {
+// A name that another literal has used is not looked up again.
+HRESULT BoundObject::lookUp(Literal name, DISPID& found) {
     if (!object_) throw RuntimeError(ErrorNumber::objectNotSet);
-    const auto known = std::find_if(names_.begin(), names_.end(), [name](const Name& other) {
+    const auto used = std::find_if(names_.begin(), names_.end(), [name](const Name& other) {
         return TextView(other.name) == TextView(name);
     });
     HRESULT answer = S_OK;
-    if (known != names_.end())
-        found = known->id;
+    if (used != names_.end())
+        found = used->id;
     else
         answer = findMember(object_.get(), name.get(), LOCALE_USER_DEFAULT, found);
     if (SUCCEEDED(answer)) names_.push_back({name, found});
@@ -74,7 +64,7 @@ HRESULT BoundObject::findElsewhere(Literal name, DISPID& found) {
 
 bool BoundObject::knows(Literal name) {
     DISPID found;
-    return object_ && SUCCEEDED(find(name, found));
+    return object_ && (known(name) || SUCCEEDED(lookUp(name, found)));
 }
 
 bool BoundObject::hasProperty(Literal name) {

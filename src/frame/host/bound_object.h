@@ -155,9 +155,19 @@ private:
     }
 
     Variant run(DISPID member, WORD kind, std::span<Variant> reversed);
-    DISPID id(Literal name);
-    HRESULT find(Literal name, DISPID& found);
-    HRESULT findElsewhere(Literal name, DISPID& found);
+    // In a loop the same literals are used again and again, so their addresses are compared first. Inline,
+    // because a call more shows where an item costs a few nanoseconds.
+    const Name* known(Literal name) const {
+        for (const Name& used : names_)
+            if (used.name.isSame(name)) return &used;
+        return nullptr;
+    }
+    DISPID id(Literal name) {
+        const Name* const used = known(name);
+        return used ? used->id : newId(name);
+    }
+    DISPID newId(Literal name);
+    HRESULT lookUp(Literal name, DISPID& found);
 
     HostObject object_;
     std::vector<Name> names_;
