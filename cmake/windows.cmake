@@ -69,8 +69,8 @@ add_library(vorla_classes OBJECT
     src/media/VorlaMultiMedia.publication.cpp
     src/media/mci.cpp
     src/misc/VorlaDivers.cpp
+    src/misc/VorlaDivers.controls.cpp
     src/misc/VorlaDivers.publication.cpp
-    src/misc/VorlaDivers_controls.cpp
     src/misc/container_switch.cpp
     src/system/VorlaFichier.cpp
     src/system/VorlaFichier.publication.cpp
