@@ -12,6 +12,7 @@
 #include "frame/shared/durations.h"
 #include "frame/shared/fields.h"
 #include "frame/values/failure.h"
+#include "frame/values/handles.h"
 #include "frame/values/locked_array.h"
 #include "misc/date_difference.h"
 #include "misc/growth.h"
@@ -167,8 +168,7 @@ void VorlaDivers::ListeSelectRange(const HostObject& LstBiox, bool NewState, con
                                    std::int32_t& LastItem) {
     BoundObject list(LstBiox);
     if (LastItem < FirstItem) LastItem = list.getAs<std::int32_t>(L"ListCount") - 1;
-    const auto window = static_cast<LONG_PTR>(list.getAs<std::int32_t>(L"hwnd"));
-    SendMessageA(reinterpret_cast<HWND>(window), LB_SELITEMRANGE, NewState ? TRUE : FALSE,
+    SendMessageA(windowOf(list.getAs<std::int32_t>(L"hwnd")), LB_SELITEMRANGE, NewState ? TRUE : FALSE,
                  MAKELPARAM(FirstItem, LastItem));
 }
 
